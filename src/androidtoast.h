@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QPropertyAnimation;
+
+// A short notice at the bottom of the screen that fades in, stays, fades out and deletes itself.
+// Notices are never queued: callers drop theirs while isShowToast is true.
+class AndroidToast : public QWidget
+{
+    Q_OBJECT
+
+public:
+    enum Level { Black, Yellow, Red }; // the colour of the text
+
+    explicit AndroidToast(QWidget *parent);
+
+    // Shows `text` in the colour of its level, black for an unknown one. Returns at once; the
+    // notice owns itself.
+    static void showTip(int level, const QString &text, QWidget *parent);
+
+    void setText(int level, const QString &text);
+
+    // Fades in now and begins to fade out after `msec` milliseconds.
+    void startAnimation(int msec);
+
+    static bool isShowToast;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private slots:
+    void finishAnimation();
+    void closeAnimation();
+
+private:
+    QPropertyAnimation *fade(qreal from, qreal to);
+
+    QLabel *label;
+};

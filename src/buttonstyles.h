@@ -1,0 +1,13 @@
+#pragma once
+
+// The colour of a button is its state; nothing else on the screen shows it.
+namespace ButtonStyles {
+
+constexpr char unlearned[] = "QPushButton{background-color:rgb(80,80,80);border-radius:6px;"
+                             "border:none;outline:none}";
+constexpr char learnedAtStart[] = "QPushButton{background-color:green;border-radius:6px;"
+                                  "border:none;outline:none}";
+constexpr char learned[] = "background-color:green;border-radius:6px;border:none;outline:none";
+constexpr char selected[] = "background-color:blue;border-radius:6px;border:none;outline:none";
+
+} // namespace ButtonStyles

@@ -1,0 +1,185 @@
+#include "keymainwindow.h"
+
+#include "buttonstyles.h"
+#include "catalogue.h"
+#include "platform.h"
+#include "screen.h"
+
+#include <QDebug>
+#include <QFile>
+#include <QFileSystemWatcher>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <cstdio>
+
+namespace {
+
+constexpr int keysPerRow = 8;
+
+constexpr char titleStyle[] = "background-color:rgb(0, 0, 0);font-size:30px;color:white;font:bold";
+constexpr char instructionsStyle[] =
+    "background-color:rgb(0, 0, 0);font-size:20px;color:white;font:normal";
+constexpr char separatorStyle[] = "background-color:gray;";
+
+// Only the head unit's two screens have buttons of their own size.
+QSize buttonSizeFor(const QSize &screen)
+{
+    if (screen != QSize(800, 480) && screen != QSize(1024, 600))
+        return { 150, 72 };
+    return { static_cast<int>(screen.width() * 0.86 * 0.125),
+             static_cast<int>(screen.height() * 0.72 / 6.0) };
+}
+
+void setWhiteText(QLabel *label)
+{
+    QPalette palette;
+    palette.setColor(QPalette::WindowText, Qt::white);
+    label->setPalette(palette);
+}
+
+} // namespace
+
+KeyMainWindow::KeyMainWindow(QWidget *parent) : QWidget(parent)
+{
+    const QRect available = availableScreen();
+    setGeometry(available);
+    std::printf("x:%d, y:%d\n", available.width(), available.height());
+    std::fflush(stdout); // standard output may be a pipe that somebody reads meanwhile
+
+    setWindowFlags(Qt::WindowStaysOnTopHint);
+    QPalette black = palette();
+    black.setBrush(QPalette::Window, QColor(0, 0, 0));
+    setPalette(black);
+    setAutoFillBackground(true);
+
+    QFile file(":/img/btListInfo.txt");
+    if (!file.exists() || !file.open(QIODevice::ReadOnly)) {
+        qDebug("[swc_print][%s %d] no key catalogue", __func__, __LINE__);
+        return;
+    }
+    if (loadSwcKeys() > 0)
+        backupDirection();
+    const Catalogue catalogue = readCatalogue(file);
+    file.close();
+
+    buildScreen(catalogue, available.size());
+    initSampleKeys();
+    writeLearnFlag(true);
+    watchReadings();
+}
+
+KeyMainWindow::~KeyMainWindow()
+{
+    qDebug("%s", __func__);
+    writeLearnFlag(false);
+    delete fileWatcher;
+    for (QPushButton *button : mapButtonKeys.keys())
+        delete button;
+    delete btnSave;
+    delete btnClear;
+}
+
+void KeyMainWindow::buildScreen(const Catalogue &catalogue, const QSize &screen)
+{
+    auto *layout = new QVBoxLayout;
+    const double upperPart = 3 * screen.height() / 8;
+    const QSize instructionsSize(static_cast<int>(screen.width() * 0.94),
+                                 static_cast<int>(upperPart * 0.7));
+
+    layout->addWidget(createTitle(static_cast<int>(upperPart * 0.3)), 1, Qt::AlignCenter);
+    layout->addWidget(createSeparator());
+    layout->addWidget(createInstructions(instructionsSize), 3, Qt::AlignCenter);
+    layout->addWidget(createSeparator());
+    layout->addLayout(createKeys(catalogue, buttonSizeFor(screen)), 10);
+    setLayout(layout);
+
+    connect(btnClear, SIGNAL(clicked()), this, SLOT(onTouchKeysClicked()));
+    connect(btnSave, SIGNAL(clicked()), this, SLOT(onTouchKeysClicked()));
+}
+
+QLabel *KeyMainWindow::createTitle(int height)
+{
+    auto *title = new QLabel(tr("Velmora"), this);
+    title->setScaledContents(true);
+    title->setAlignment(Qt::AlignCenter);
+    setWhiteText(title);
+    title->setStyleSheet(titleStyle);
+    title->setMinimumHeight(height);
+    title->setMaximumHeight(height);
+    return title;
+}
+
+QLabel *KeyMainWindow::createInstructions(const QSize &size)
+{
+    auto *instructions = new QLabel(
+        tr("The operation steps are as follows:\n"
+           "1. Click the below button(the button changes from gray to blue);\n"
+           "2. Next, click the key on SWC(the button clicked in the first step changes from blue "
+           "to green);\n"
+           "3. Repeat steps 1 and 2 to learn all the keys you need on SWC;\n"
+           "4. Finally, click the green tick key to save and exit."),
+        this);
+    instructions->setWordWrap(true);
+    instructions->setScaledContents(true);
+    instructions->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    setWhiteText(instructions);
+    instructions->setStyleSheet(instructionsStyle);
+    instructions->setMinimumSize(size);
+    instructions->setMaximumSize(size);
+    return instructions;
+}
+
+QLabel *KeyMainWindow::createSeparator()
+{
+    auto *separator = new QLabel(this);
+    separator->setStyleSheet(separatorStyle);
+    separator->setFixedHeight(1);
+    return separator;
+}
+
+QPushButton *KeyMainWindow::createButton(const QString &icon, const char *style, const QSize &size)
+{
+    auto *button = new QPushButton(this);
+    button->setIconSize(size);
+    button->setFixedSize(size);
+    button->setIcon(QIcon(icon));
+    button->setStyleSheet(style);
+    button->setFocusPolicy(Qt::NoFocus);
+    return button;
+}
+
+QGridLayout *KeyMainWindow::createKeys(const Catalogue &catalogue, const QSize &buttonSize)
+{
+    auto *grid = new QGridLayout;
+    for (int i = 0; i < catalogue.codes.size(); ++i) {
+        const int code = catalogue.codes.at(i);
+        const char *style =
+            isKeyLearned(code) ? ButtonStyles::learnedAtStart : ButtonStyles::unlearned;
+        QPushButton *button = createButton(catalogue.iconPaths.at(i), style, buttonSize);
+        mapButtonKeys.insert(button, code);
+        connect(button, SIGNAL(clicked()), this, SLOT(onTouchKeysClicked()));
+        grid->addWidget(button, i / keysPerRow, i % keysPerRow, Qt::AlignCenter);
+    }
+    grid->addWidget(createSeparator(), grid->rowCount(), 0, 1, keysPerRow);
+
+    auto *controls = new QHBoxLayout;
+    btnSave = createButton(":/img/save.png", ButtonStyles::unlearned, buttonSize);
+    btnClear = createButton(":/img/clear.png", ButtonStyles::unlearned, buttonSize);
+    controls->addWidget(btnSave, 1, Qt::AlignCenter);
+    controls->addWidget(btnClear, 1, Qt::AlignCenter);
+    grid->addLayout(controls, grid->rowCount(), 0, 1, keysPerRow);
+    return grid;
+}
+
+// A reading file that is missing now stays unwatched for the window's life.
+void KeyMainWindow::watchReadings()
+{
+    fileWatcher = new QFileSystemWatcher(this);
+    if (!QFile::exists(Platform::reading))
+        return;
+    fileWatcher->addPath(Platform::reading);
+    connect(fileWatcher, SIGNAL(fileChanged(QString)), this, SLOT(onFileChange(QString)));
+}

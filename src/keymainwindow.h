@@ -1,0 +1,114 @@
+#pragma once
+
+#include <QJsonObject>
+#include <QMap>
+#include <QString>
+#include <QVector>
+#include <QWidget>
+
+struct Catalogue;
+struct Reading;
+class QFileSystemWatcher;
+class QGridLayout;
+class QLabel;
+class QPushButton;
+
+// The one window. It owns all that is being learned; a tapped key is pending while its code stands
+// in clickAndValidKeys, and readings go to the button that was tapped last.
+class KeyMainWindow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit KeyMainWindow(QWidget *parent);
+    ~KeyMainWindow() override;
+
+    // Files exchanged with the driver: nothing happens where the flag file is missing.
+    void writeLearnFlag(bool on);
+    void writeClearFlag();
+
+    // Samples of the key being learned, and the records they become.
+    void insertSampleKeys(int &index, QString &sample); // refuses a sample it already has
+    bool isChuanKey(QString &sample); // collides with a learned key, its own included
+    int insertSwcKeys(); // 0, or -1 where there are no samples
+    bool isKeyLearned(int code);
+    void initSampleKeys();
+    void initSwcKeys();
+
+    // The key configuration file and its backup.
+    int loadSwcKeys(); // number of learned keys, -1 where the file is missing
+    void setDirectionRoad(QJsonObject configuration, QMap<int, QString> &learnedKeys,
+                          QString group);
+    QMap<int, int> insertSwcKey1Flag(); // channel and spacing of key line 2
+    QMap<int, int> insertSwcKey2Flag(); // channel and spacing of key line 3
+    void saveSwcKeys();
+    void backupDirection(); // once: an existing backup stays as it is
+
+    // Gives up a selection that is still pending.
+    void recorrectBtnStatus(int code);
+
+public slots:
+    void onFileChange(QString path);
+
+private slots:
+    void onTouchKeysClicked();
+    void recorrectHomeBtnStatus();
+    void recorrectBackBtnStatus();
+    void recorrectPowerBtnStatus();
+    void recorrectMuteBtnStatus();
+    void recorrectVolPlusBtnStatus();
+    void recorrectVolSubtractBtnStatus();
+    void recorrectPrevBtnStatus();
+    void recorrectNextBtnStatus();
+    void recorrectSrcBtnStatus();
+    void recorrectEnterBtnStatus();
+    void recorrectBluetoothBtnStatus();
+    void recorrectHangUpBtnStatus();
+    void recorrectIlinkBtnStatus();
+    void recorrectSiriBtnStatus();
+    void recorrectMusicBtnStatus();
+    void recorrectRadioBtnStatus();
+    void recorrectLeftBtnStatus();
+    void recorrectRightBtnStatus();
+    void recorrectUpBtnStatus();
+    void recorrectDownBtnStatus();
+    void recorrectAmsBtnStatus();
+    void recorrectPlayPauseBtnStatus();
+
+private:
+    friend class KeyMainWindowProbe; // the tests' view of the learning state
+
+    void buildScreen(const Catalogue &catalogue, const QSize &screen);
+    QLabel *createTitle(int height);
+    QLabel *createInstructions(const QSize &size);
+    QLabel *createSeparator();
+    QPushButton *createButton(const QString &icon, const char *style, const QSize &size);
+    QGridLayout *createKeys(const Catalogue &catalogue, const QSize &buttonSize);
+    void watchReadings();
+
+    void selectKey(int code);
+    void askToClear();
+    void clearKeys();
+    void showNotice(int level, const QString &text);
+
+    bool readReading(const QString &path, Reading *reading);
+    void handleSample();
+    void handleRelease();
+    void rejectReading();
+    void dropSamplesOfOtherKeys();
+
+    static const char *timeOutSlotOf(int code);
+    bool removePending(int code);
+
+    QMap<QPushButton *, int> mapButtonKeys;
+    QPushButton *btnSave = nullptr;
+    QPushButton *btnClear = nullptr;
+    QFileSystemWatcher *fileWatcher = nullptr;
+    QMap<int, QString> mapSwcKeys;
+    QMap<int, QString> mapSampleKeys;
+    QPushButton *curButton = nullptr;
+    int validKey = 0;
+    QString strSampleKey;
+    int sampleKeyIdx = 0;
+    QVector<int> clickAndValidKeys;
+};

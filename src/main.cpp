@@ -1,0 +1,52 @@
+#include "keymainwindow.h"
+#include "platform.h"
+#include "util.h"
+
+#include <QApplication>
+#include <QDebug>
+#include <QFile>
+#include <QFontDatabase>
+#include <QTranslator>
+
+namespace {
+
+constexpr int chineseIndex = 1; // every other system language gets English
+
+void installTranslation(QApplication *application, const QString &path)
+{
+    const QFile file(path);
+    if (!file.exists()) {
+        qDebug() << "[swc_print] no exist.";
+        return;
+    }
+    // A null text would stand for Qt's default suffix and delimiters, an empty one is none.
+    const QString none("");
+    auto *translator = new QTranslator(application);
+    const bool loaded = translator->load(path, none, none, none);
+    qDebug() << "[swc_print] load" << loaded;
+    const bool installed = QCoreApplication::installTranslator(translator);
+    qDebug() << "[swc_print] path" << file.fileName() << " install" << installed;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    Util util;
+    const bool chinese = util.getLanguageIdx() == chineseIndex;
+    installTranslation(&application, chinese ? Platform::chineseTexts : Platform::englishTexts);
+
+    const QStringList families = QFontDatabase().families();
+    qDebug() << "[swc_print] list" << families << "size" << families.size();
+    QFont font;
+    font.setFamily("Droid Sans Fallback");
+    font.setPointSize(16);
+    QApplication::setFont(font);
+    qDebug() << "[swc_print]:"
+             << "Start Velmora...";
+
+    KeyMainWindow window(nullptr);
+    window.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,48 @@
+#include "platformfiles.h"
+
+#include <QFile>
+
+#include <cstdlib>
+
+#include <unistd.h>
+
+namespace {
+
+// Unbuffered, so that the time in which the file is without its content ends with one write.
+bool openAndWrite(QFile &file, const QByteArray &content)
+{
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
+        return false;
+    file.write(content);
+    return true;
+}
+
+} // namespace
+
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return QByteArray();
+    return file.readAll();
+}
+
+void writeFile(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    openAndWrite(file, content);
+}
+
+void writeFileToMedium(const QString &path, const QByteArray &content)
+{
+    QFile file(path);
+    if (openAndWrite(file, content))
+        fsync(file.handle());
+}
+
+void copyFile(const QString &from, const QString &to)
+{
+    const QString command = QString("cp -af %1 %2").arg(from, to);
+    const int status = system(command.toLatin1().constData());
+    Q_UNUSED(status)
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+// Reading, writing and copying the platform's files. Failures are not reported: the callers go on
+// whatever happens.
+
+// The whole file in text mode; empty where it can't be read.
+QByteArray readFile(const QString &path);
+
+// Replaces the content in place; nothing happens where the file can't be opened.
+void writeFile(const QString &path, const QByteArray &content);
+
+// As writeFile(), and returns only when the medium has the content.
+void writeFileToMedium(const QString &path, const QByteArray &content);
+
+// Copies with attributes through the shell. The paths must need no quoting.
+void copyFile(const QString &from, const QString &to);

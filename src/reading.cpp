@@ -1,0 +1,45 @@
+#include "reading.h"
+
+#include <QStringList>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int releaseValue = 4095; // top of the converter's range
+
+} // namespace
+
+ReadingFault parseReading(const QString &text, Reading *reading)
+{
+    if (!text.contains(':'))
+        return ReadingFault::NoColon;
+
+    const QStringList parts = text.split(':');
+    const QString payload = parts.at(1).left(parts.at(0).toInt()); // a negative count takes all
+    const QStringList fields = payload.split(',');
+    if (fields.size() < 4)
+        return ReadingFault::TooFewFields;
+
+    reading->payload = payload;
+    reading->keyLine = fields.at(0).toInt();
+    reading->adc = { fields.at(1).toInt(), fields.at(2).toInt(), fields.at(3).toInt() };
+    return ReadingFault::None;
+}
+
+ReadingClass classify(const Reading &reading)
+{
+    const auto all = [&reading](bool (*test)(int)) {
+        return std::all_of(reading.adc.begin(), reading.adc.end(), test);
+    };
+    if (all([](int value) { return value >= 0 && value < releaseValue; }))
+        return ReadingClass::Sample;
+    if (all([](int value) { return value == releaseValue; }))
+        return ReadingClass::Release;
+    return ReadingClass::Invalid;
+}
+
+bool isKnownKeyLine(int keyLine)
+{
+    return keyLine == 2 || keyLine == 3;
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+
+#include <array>
+
+// One measurement of the key driver: a key line and three 12-bit converter values.
+struct Reading
+{
+    QString payload; // the counted characters as they came, further fields included
+    int keyLine = 0;
+    std::array<int, 3> adc{};
+};
+
+enum class ReadingClass {
+    Sample, // of a held key: all values in 0..4094
+    Release, // the key was let go: all values 4095
+    Invalid,
+};
+
+enum class ReadingFault { None, NoColon, TooFewFields };
+
+// Parses "<count>:<payload>", for example "16:2,1200,4094,4094". `reading` is filled only where
+// the result is ReadingFault::None. A field that is no decimal int counts as 0.
+ReadingFault parseReading(const QString &text, Reading *reading);
+
+ReadingClass classify(const Reading &reading);
+
+// True for the two key lines that the driver has, 2 and 3.
+bool isKnownKeyLine(int keyLine);

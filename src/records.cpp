@@ -1,0 +1,68 @@
+#include "records.h"
+
+#include <QStringList>
+
+namespace {
+
+constexpr int tolerance = 60; // converter steps between two samples of one key
+constexpr int sampleRecordFields = 1 + learnedRecordFields;
+
+int roundedMean(qint64 sum, int count)
+{
+    return static_cast<int>(static_cast<float>(sum) / static_cast<float>(count) + 0.5f);
+}
+
+} // namespace
+
+RecordFields::RecordFields(const QString &record)
+{
+    const QStringList fields = record.split(',');
+    values.reserve(fields.size());
+    for (const QString &field : fields)
+        values.append(field.toInt());
+}
+
+QString sampleRecord(int code, const QString &payload)
+{
+    return QString::number(code) + ',' + payload;
+}
+
+QString learnedRecord(int keyLine, int adc1, int adc2, int adc3)
+{
+    return QString("%1,%2,%3,%4").arg(keyLine).arg(adc1).arg(adc2).arg(adc3);
+}
+
+bool collides(const QString &sample, const QString &learned)
+{
+    const RecordFields sampleFields(sample);
+    const RecordFields learnedFields(learned);
+    if (sampleFields.size() < sampleRecordFields || learnedFields.size() < learnedRecordFields)
+        return false;
+    if (sampleFields.at(1) != learnedFields.at(0))
+        return false;
+    for (int i = 1; i < learnedRecordFields; ++i) {
+        const qint64 difference = qint64(sampleFields.at(i + 1)) - learnedFields.at(i);
+        if (qAbs(difference) > tolerance)
+            return false;
+    }
+    return true;
+}
+
+int keyCodeOf(const QString &sample)
+{
+    return RecordFields(sample).at(0);
+}
+
+QString learnedRecordFrom(const QMap<int, QString> &samples)
+{
+    qint64 sums[3] = {};
+    for (const QString &sample : samples) {
+        const RecordFields fields(sample);
+        for (int i = 0; i < 3; ++i)
+            sums[i] += fields.at(i + 2);
+    }
+    const int count = samples.size();
+    const int keyLine = RecordFields(samples.first()).at(1);
+    return learnedRecord(keyLine, roundedMean(sums[0], count), roundedMean(sums[1], count),
+                         roundedMean(sums[2], count));
+}

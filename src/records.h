@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QMap>
+#include <QString>
+#include <QVector>
+
+// Comma-separated records. A sample record is "code,keyLine,adc,adc,adc[,more]", a learned record
+// "keyLine,adc,adc,adc". One from the configuration file may have fewer fields or more.
+
+constexpr int learnedRecordFields = 4;
+
+// A record split once; reading past its end, or a field that is no decimal int, gives 0.
+class RecordFields
+{
+public:
+    explicit RecordFields(const QString &record);
+
+    int size() const { return values.size(); }
+    int at(int index) const { return values.value(index); }
+
+private:
+    QVector<int> values;
+};
+
+QString sampleRecord(int code, const QString &payload);
+QString learnedRecord(int keyLine, int adc1, int adc2, int adc3);
+
+// True if both are on one key line and no converter value differs by more than 60. A record that
+// lacks a field collides with nothing.
+bool collides(const QString &sample, const QString &learned);
+
+// The key code under which a sample was collected.
+int keyCodeOf(const QString &sample);
+
+// Key line of the first sample and the means of all, rounded half up. `samples` must not be
+// empty, and its converter values lie in 0..4094.
+QString learnedRecordFrom(const QMap<int, QString> &samples);
