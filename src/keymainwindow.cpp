@@ -85,7 +85,7 @@ KeyMainWindow::~KeyMainWindow()
 void KeyMainWindow::buildScreen(const Catalogue &catalogue, const QSize &screen)
 {
     auto *layout = new QVBoxLayout;
-    const double upperPart = 3 * screen.height() / 8;
+    const int upperPart = 3 * screen.height() / 8;
     const QSize instructionsSize(static_cast<int>(screen.width() * 0.94),
                                  static_cast<int>(upperPart * 0.7));
 

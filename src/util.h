@@ -7,9 +7,6 @@ class QIODevice;
 class Util
 {
 public:
-    Util();
-    ~Util();
-
     // The system language index of the settings file, 0 where it can't be found. 1 is Chinese.
     int getLanguageIdx();
 };
