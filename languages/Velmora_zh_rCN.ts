@@ -13,11 +13,10 @@
 2. Next, click the key on SWC(the button clicked in the first step changes from blue to green);
 3. Repeat steps 1 and 2 to learn all the keys you need on SWC;
 4. Finally, click the green tick key to save and exit.</source>
-        <translation>方向盘按键学习步骤：
-1. 点击下方要学习的按键图标，图标由灰色变为蓝色；
+        <translation>1. 点击下方要学习的按键图标，图标由灰色变为蓝色；
 2. 按下方向盘上对应的按键后松开，图标由蓝色变为绿色；
-3. 重复第 1、2 步，学习其他需要的按键；
-4. 最后点击绿色对勾，保存并退出。</translation>
+3. 重复步骤 1 和 2，学习其他需要的按键；
+4. 最后点击绿色对勾图标，保存并退出。</translation>
     </message>
     <message>
         <source>SUCCESS.</source>
@@ -33,7 +32,7 @@
     </message>
     <message>
         <source>NO LEARNING.</source>
-        <translation>未学习</translation>
+        <translation>学习超时</translation>
     </message>
     <message>
         <source>LEARNED.</source>

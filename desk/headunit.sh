@@ -1,0 +1,14 @@
+# Sourced: a folder that stands in for the root of a head unit.
+
+nvm=media/flash/nvm # where the driver and the program meet
+
+# prepare_head_unit FOLDER BUILD: installs the build's program and catalogues, and makes the files
+# that the platform provides. What was learned there before is kept.
+prepare_head_unit() {
+    mkdir -p "$1/$nvm/Corvane"
+    DESTDIR=$(realpath "$1") cmake --install "$2" >/dev/null
+    : >"$1/$nvm/swc_keys"
+    printf 0 >"$1/$nvm/swc_flags"
+    [ -e "$1/$nvm/Corvane/UserData.ini" ] ||
+        printf 'SystemLanguageId=0\n' >"$1/$nvm/Corvane/UserData.ini"
+}

@@ -1,0 +1,25 @@
+# Sourced by the commands at the root: the Debian packages that each needs.
+
+build_packages=(g++ cmake ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools)
+screen_packages=(xvfb openbox xdotool imagemagick fonts-droid-fallback fonts-dejavu-core)
+check_packages=(clang-format clang-tidy librsvg2-bin optipng)
+
+# Installs what is missing; one message and the end of the command where that fails.
+require_packages() {
+    local missing=() as_root=() log
+    for package in "$@"; do
+        [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] ||
+            missing+=("$package")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+    echo "Installing ${missing[*]}"
+    [ "$(id -u)" = 0 ] || as_root=(sudo -n)
+    log=$(mktemp)
+    "${as_root[@]}" apt-get update -q >"$log" 2>&1 || true # an old index may still do
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -q \
+        --no-install-recommends "${missing[@]}" >>"$log" 2>&1 || {
+        echo "Can't install ${missing[*]}: $(tail -n 1 "$log")" >&2
+        exit 1
+    }
+    rm -f "$log"
+}

@@ -1,0 +1,91 @@
+# Sourced: a screen without a monitor, with hands and eyes. It needs $project, the project's folder.
+
+screen_processes=()
+
+# start_screen WIDTH HEIGHT: sets DISPLAY, and ends with the shell.
+start_screen() {
+    local number ready
+    width=$1
+    case $2 in
+    480) rows=(244 307 370) controls=440 rim=25 ;;
+    600) rows=(299 381 462) controls=551 rim=32 ;;
+    esac
+    number=$(mktemp) ready=$(mktemp -u)
+    trap stop_screen EXIT
+    Xvfb -displayfd 3 -screen 0 "${1}x${2}x24" -nolisten tcp 3>"$number" 2>/dev/null &
+    screen_processes+=($!)
+    await 10 "the X server" test -s "$number"
+    DISPLAY=:$(cat "$number")
+    export DISPLAY
+    openbox --config-file "$project/desk/openbox.xml" --startup "touch $ready" >/dev/null 2>&1 &
+    screen_processes+=($!)
+    await 10 "the window manager" test -e "$ready"
+    rm -f "$number" "$ready"
+}
+
+stop_screen() {
+    kill "${screen_processes[@]}" 2>/dev/null || true
+}
+
+# await SECONDS WHAT COMMAND...: until the command succeeds; ends the shell where it doesn't.
+await() {
+    local seconds=$1 what=$2 deadline=$((SECONDS + $1 + 1))
+    shift 2
+    until "$@"; do
+        if [ $SECONDS -ge $deadline ]; then
+            echo "Waited $seconds s for $what" >&2
+            exit 1
+        fi
+        sleep 0.05
+    done
+}
+
+# The names of the keys in the order of the grid.
+key_names() {
+    tr -d '\r' <"$project/img/btListInfo.txt" | awk '!/^#/ { print $1 }'
+}
+
+# place NAME: the centre of a key, or of save and clear; eight keys a row, as the layout puts them.
+place() {
+    local index
+    case $1 in
+    save) echo $((width / 4)) $controls ;;
+    clear) echo $((width * 3 / 4)) $controls ;;
+    *)
+        index=$(($(key_names | grep -nxF -e "$1" | cut -d: -f1) - 1))
+        echo $(((2 * (index % 8) + 1) * width / 16)) "${rows[index / 8]}"
+        ;;
+    esac
+}
+
+tap() {
+    local x y
+    read -r x y <<<"$(place "$1")"
+    xdotool mousemove "$x" "$y" click 1
+}
+
+# colour NAME: the button's background as a person sees it, taken below its symbol.
+colour() {
+    local x y
+    read -r x y <<<"$(place "$1")"
+    import -window root -crop "1x1+$x+$((y + rim))" -depth 8 txt:- |
+        sed -n '2s/.*\(#[0-9A-F]*\).*/\1/p'
+}
+
+is_colour() {
+    local hex
+    case $2 in
+    gray) hex='#505050' ;;
+    blue) hex='#0000FF' ;;
+    green) hex='#008000' ;;
+    esac
+    [ "$(colour "$1")" = "$hex" ]
+}
+
+await_colour() {
+    await 5 "$1 to turn $2" is_colour "$1" "$2"
+}
+
+screenshot() {
+    import -window root "$1"
+}
