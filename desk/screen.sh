@@ -2,17 +2,20 @@
 
 screen_processes=()
 
-# start_screen WIDTH HEIGHT: sets DISPLAY, and ends with the shell.
+# start_screen WIDTH HEIGHT [SERVER]: sets DISPLAY; the screen goes when the shell ends.
 start_screen() {
     local number ready
-    width=$1
+    width=$1 height=$2
     case $2 in
     480) rows=(244 307 370) controls=440 rim=25 ;;
     600) rows=(299 381 462) controls=551 rim=32 ;;
     esac
     number=$(mktemp) ready=$(mktemp -u)
     trap stop_screen EXIT
-    Xvfb -displayfd 3 -screen 0 "${1}x${2}x24" -nolisten tcp 3>"$number" 2>/dev/null &
+    case ${3:-Xvfb} in
+    Xvfb) Xvfb -displayfd 3 -screen 0 "${1}x${2}x24" -nolisten tcp 3>"$number" 2>/dev/null & ;;
+    Xephyr) Xephyr -displayfd 3 -screen "${1}x${2}" -title "Head unit" 3>"$number" 2>/dev/null & ;;
+    esac
     screen_processes+=($!)
     await 10 "the X server" test -s "$number"
     DISPLAY=:$(cat "$number")
@@ -45,12 +48,15 @@ key_names() {
     tr -d '\r' <"$project/img/btListInfo.txt" | awk '!/^#/ { print $1 }'
 }
 
-# place NAME: the centre of a key, or of save and clear; eight keys a row, as the layout puts them.
+# place NAME: the centre of a key, of save and clear, or of the question's yes and no. Eight keys
+# are in a row; the question is 240 x 160 in the middle.
 place() {
     local index
     case $1 in
     save) echo $((width / 4)) $controls ;;
     clear) echo $((width * 3 / 4)) $controls ;;
+    yes) echo $((width / 2 - 60)) $((height / 2 + 55)) ;;
+    no) echo $((width / 2 + 60)) $((height / 2 + 55)) ;;
     *)
         index=$(($(key_names | grep -nxF -e "$1" | cut -d: -f1) - 1))
         echo $(((2 * (index % 8) + 1) * width / 16)) "${rows[index / 8]}"

@@ -1,0 +1,45 @@
+# Sourced after screen.sh and headunit.sh: the program and the driver's stand-in at work on a head
+# unit's folder, told what to do by a script. It needs $build, the folder of the desk build.
+
+# start_program FOLDER: its output goes into the folder, its number into $program.
+start_program() {
+    (cd "$1" && exec application/bin/velmora) >"$1/output.txt" 2>"$1/log.txt" &
+    program=$!
+    await 10 "the program's window" is_colour save gray
+}
+
+# Waits until the program has ended, and gives its exit code.
+program_ended() {
+    await 10 "the program to end" not_running "$program"
+    wait "$program"
+}
+
+not_running() {
+    ! kill -0 "$1" 2>/dev/null
+}
+
+# start_driver FOLDER OPTION...: the stand-in as a partner that takes commands.
+start_driver() {
+    local root=$1
+    shift
+    coproc driver_process { exec "$build/bin/swc-simulator" --root "$root" "$@" --script -; }
+}
+
+# driver COMMAND...: ends the shell where the stand-in does not say ok.
+driver() {
+    local reply
+    echo "$*" >&"${driver_process[1]}"
+    while read -r -t 30 reply <&"${driver_process[0]}"; do
+        [ "$reply" != ok ] || return 0
+        echo "$reply"
+    done
+    echo "The driver's stand-in failed at: $*" >&2
+    exit 1
+}
+
+teach() {
+    tap "$1"
+    await_colour "$1" blue
+    driver press "$1" 250ms
+    await_colour "$1" green
+}
