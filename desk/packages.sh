@@ -1,6 +1,6 @@
 # Sourced by the commands at the root: the Debian packages that each needs.
 
-build_packages=(g++ cmake ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools)
+build_packages=(g++ cmake make ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools)
 screen_packages=(xvfb openbox xdotool imagemagick fonts-droid-fallback fonts-dejavu-core)
 check_packages=(clang-format clang-tidy librsvg2-bin optipng)
 

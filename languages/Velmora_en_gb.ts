@@ -13,6 +13,7 @@
 2. Next, click the key on SWC(the button clicked in the first step changes from blue to green);
 3. Repeat steps 1 and 2 to learn all the keys you need on SWC;
 4. Finally, click the green tick key to save and exit.</source>
+        <translatorcomment>Four lines: five do not fit their place on 800 x 480, nor does a literal translation.</translatorcomment>
         <translation>1. Tap a button below. It turns from gray to blue.
 2. Press and release its key on the steering wheel. The button turns green.
 3. Repeat steps 1 and 2 for every key that you need.

@@ -36,7 +36,7 @@ CustomMsgBox::CustomMsgBox(QWidget *, QString text) : QDialog(nullptr)
     btnNo = new QPushButton("No", this);
     connect(btnYes, SIGNAL(clicked()), this, SLOT(slotsYesClick()));
     connect(btnNo, SIGNAL(clicked()), this, SLOT(slotsNoClick()));
-    layOut();
+    placeChildren();
     msgLabel->setText(text);
 }
 
@@ -51,7 +51,7 @@ void CustomMsgBox::slotsNoClick()
 }
 
 // Every product is cut to whole pixels on its own.
-void CustomMsgBox::layOut()
+void CustomMsgBox::placeChildren()
 {
     const int textHeight = static_cast<int>(height() * 0.7);
     const int buttonsHeight = static_cast<int>(height() * 0.3);

@@ -19,7 +19,7 @@ public slots:
     void slotsNoClick();
 
 private:
-    void layOut();
+    void placeChildren();
 
     QLabel *msgLabel;
     QPushButton *btnYes;

@@ -1,5 +1,6 @@
 #include "configuration.h"
 
+#include "reading.h"
 #include "records.h"
 
 #include <QJsonArray>
@@ -35,7 +36,10 @@ QJsonObject keyObject(int code, const RecordFields &record, const Decoding &deco
 {
     QJsonObject key;
     key.insert(codeMember, code);
-    key.insert(valuesMember, QJsonArray{ record.at(1), record.at(2), record.at(3) });
+    QJsonArray values;
+    for (int channel = 1; channel <= channelCount; ++channel)
+        values.append(record.at(channel));
+    key.insert(valuesMember, values);
     if (decoding.road != -1)
         key.insert("road", decoding.road);
     if (decoding.interval != -1)
@@ -52,7 +56,7 @@ QJsonObject parseConfiguration(const QByteArray &text)
 
 QList<LoadedKey> keysOfGroup(const QJsonObject &configuration, const QString &group)
 {
-    const int keyLine = group == line2Group ? 2 : 3;
+    const int keyLine = group == line2Group ? keyLine2 : keyLine3;
     QList<LoadedKey> keys;
     for (const QJsonValue element : configuration.value(group).toArray()) {
         const LoadedKey key = loadedKey(element.toObject(), keyLine);
@@ -64,22 +68,20 @@ QList<LoadedKey> keysOfGroup(const QJsonObject &configuration, const QString &gr
 
 QMap<int, int> selectChannel(const QMap<int, QString> &learnedKeys, int keyLine)
 {
-    QVector<int> channels[3];
+    QMap<int, QVector<int>> valuesByChannel;
     for (const QString &record : learnedKeys) {
         const RecordFields fields(record);
         if (fields.at(0) != keyLine)
             continue;
-        for (int i = 0; i < 3; ++i)
-            channels[i].append(fields.at(i + 1));
+        for (int channel = 1; channel <= channelCount; ++channel)
+            valuesByChannel[channel].append(fields.at(channel));
     }
 
     QMap<int, int> widest;
-    for (int i = 0; i < 3; ++i) {
-        if (channels[i].isEmpty())
-            continue;
-        const int spacing = smallestSpacing(channels[i]);
+    for (auto values = valuesByChannel.begin(); values != valuesByChannel.end(); ++values) {
+        const int spacing = smallestSpacing(values.value());
         if (widest.isEmpty() || spacing >= widest.first())
-            widest = { { i + 1, spacing } };
+            widest = { { values.key(), spacing } };
     }
     return widest;
 }
@@ -98,9 +100,9 @@ QByteArray configurationText(const QMap<int, QString> &learnedKeys, const Decodi
     QJsonArray line3Keys;
     for (auto key = learnedKeys.begin(); key != learnedKeys.end(); ++key) {
         const RecordFields record(key.value());
-        if (record.at(0) == 2)
+        if (record.at(0) == keyLine2)
             line2Keys.append(keyObject(key.key(), record, line2));
-        else if (record.at(0) == 3)
+        else if (record.at(0) == keyLine3)
             line3Keys.append(keyObject(key.key(), record, line3));
     }
     QJsonObject configuration;

@@ -9,7 +9,10 @@
 #include <QFile>
 #include <QFileSystemWatcher>
 #include <QGridLayout>
+#include <QHBoxLayout>
+#include <QIcon>
 #include <QLabel>
+#include <QPalette>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -93,7 +96,7 @@ void KeyMainWindow::buildScreen(const Catalogue &catalogue, const QSize &screen)
     layout->addWidget(createSeparator());
     layout->addWidget(createInstructions(instructionsSize), 3, Qt::AlignCenter);
     layout->addWidget(createSeparator());
-    layout->addLayout(createKeys(catalogue, buttonSizeFor(screen)), 10);
+    layout->addLayout(createGrid(catalogue, buttonSizeFor(screen)), 10);
     setLayout(layout);
 
     connect(btnClear, SIGNAL(clicked()), this, SLOT(onTouchKeysClicked()));
@@ -151,7 +154,7 @@ QPushButton *KeyMainWindow::createButton(const QString &icon, const char *style,
     return button;
 }
 
-QGridLayout *KeyMainWindow::createKeys(const Catalogue &catalogue, const QSize &buttonSize)
+QGridLayout *KeyMainWindow::createGrid(const Catalogue &catalogue, const QSize &buttonSize)
 {
     auto *grid = new QGridLayout;
     for (int i = 0; i < catalogue.codes.size(); ++i) {
@@ -164,14 +167,18 @@ QGridLayout *KeyMainWindow::createKeys(const Catalogue &catalogue, const QSize &
         grid->addWidget(button, i / keysPerRow, i % keysPerRow, Qt::AlignCenter);
     }
     grid->addWidget(createSeparator(), grid->rowCount(), 0, 1, keysPerRow);
+    grid->addLayout(createControls(buttonSize), grid->rowCount(), 0, 1, keysPerRow);
+    return grid;
+}
 
+QHBoxLayout *KeyMainWindow::createControls(const QSize &buttonSize)
+{
     auto *controls = new QHBoxLayout;
     btnSave = createButton(":/img/save.png", ButtonStyles::unlearned, buttonSize);
     btnClear = createButton(":/img/clear.png", ButtonStyles::unlearned, buttonSize);
     controls->addWidget(btnSave, 1, Qt::AlignCenter);
     controls->addWidget(btnClear, 1, Qt::AlignCenter);
-    grid->addLayout(controls, grid->rowCount(), 0, 1, keysPerRow);
-    return grid;
+    return controls;
 }
 
 // A reading file that is missing now stays unwatched for the window's life.

@@ -10,6 +10,7 @@ struct Catalogue;
 struct Reading;
 class QFileSystemWatcher;
 class QGridLayout;
+class QHBoxLayout;
 class QLabel;
 class QPushButton;
 
@@ -83,7 +84,8 @@ private:
     QLabel *createInstructions(const QSize &size);
     QLabel *createSeparator();
     QPushButton *createButton(const QString &icon, const char *style, const QSize &size);
-    QGridLayout *createKeys(const Catalogue &catalogue, const QSize &buttonSize);
+    QGridLayout *createGrid(const Catalogue &catalogue, const QSize &buttonSize);
+    QHBoxLayout *createControls(const QSize &buttonSize);
     void watchReadings();
 
     void selectKey(int code);
@@ -91,7 +93,7 @@ private:
     void clearKeys();
     void showNotice(int level, const QString &text);
 
-    bool readReading(const QString &path, Reading *reading);
+    bool takeReading(const QString &path, Reading *reading);
     void handleSample();
     void handleRelease();
     void rejectReading();

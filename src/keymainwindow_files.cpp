@@ -3,6 +3,7 @@
 #include "configuration.h"
 #include "platform.h"
 #include "platformfiles.h"
+#include "reading.h"
 
 #include <QDebug>
 #include <QFile>
@@ -44,7 +45,7 @@ void KeyMainWindow::setDirectionRoad(QJsonObject configuration, QMap<int, QStrin
 
 QMap<int, int> KeyMainWindow::insertSwcKey1Flag()
 {
-    const QMap<int, int> selection = selectChannel(mapSwcKeys, 2);
+    const QMap<int, int> selection = selectChannel(mapSwcKeys, keyLine2);
     if (!selection.isEmpty())
         qDebug("[swc_print][func:%s][line:%d][size:%d][key:%d][value:%d]", __func__, __LINE__,
                selection.size(), selection.firstKey(), selection.first());
@@ -53,7 +54,7 @@ QMap<int, int> KeyMainWindow::insertSwcKey1Flag()
 
 QMap<int, int> KeyMainWindow::insertSwcKey2Flag()
 {
-    const QMap<int, int> selection = selectChannel(mapSwcKeys, 3);
+    const QMap<int, int> selection = selectChannel(mapSwcKeys, keyLine3);
     if (!selection.isEmpty())
         qDebug("[swc_print][%s %d][size:%d][key:%d][value:%d]", __func__, __LINE__,
                selection.size(), selection.firstKey(), selection.first());
@@ -64,19 +65,20 @@ QMap<int, int> KeyMainWindow::insertSwcKey2Flag()
 // the old content goes, and on the medium before the program ends.
 void KeyMainWindow::saveSwcKeys()
 {
-    const Decoding line2 = decodingOf(insertSwcKey1Flag());
-    if (line2.road != -1)
-        qDebug("[swc_print][%s %d][key:%d][value:%d]", __func__, __LINE__, line2.road,
-               line2.interval);
-    const Decoding line3 = decodingOf(insertSwcKey2Flag());
-    if (line3.road != -1)
-        qDebug("[swc_print][%s %d][key:%d][value:%d]", __func__, __LINE__, line3.road,
-               line3.interval);
+    QVector<Decoding> decodings;
+    for (const auto select :
+         { &KeyMainWindow::insertSwcKey1Flag, &KeyMainWindow::insertSwcKey2Flag }) {
+        const Decoding decoding = decodingOf((this->*select)());
+        if (decoding.road != -1)
+            qDebug("[swc_print][%s %d][key:%d][value:%d]", __func__, __LINE__, decoding.road,
+                   decoding.interval);
+        decodings.append(decoding);
+    }
 
     QByteArray text;
     if (!mapSwcKeys.isEmpty()) {
         qDebug("[swc_print][func:%s]", __func__);
-        text = configurationText(mapSwcKeys, line2, line3);
+        text = configurationText(mapSwcKeys, decodings.at(0), decodings.at(1));
     }
     writeFileToMedium(Platform::configuration, text);
 }

@@ -14,7 +14,7 @@
 void KeyMainWindow::onFileChange(QString path)
 {
     Reading reading;
-    if (!readReading(path, &reading))
+    if (!takeReading(path, &reading))
         return;
     if (!curButton || curButton == btnClear || curButton == btnSave
         || !isKnownKeyLine(reading.keyLine))
@@ -44,14 +44,16 @@ void KeyMainWindow::onFileChange(QString path)
     }
 }
 
-bool KeyMainWindow::readReading(const QString &path, Reading *reading)
+bool KeyMainWindow::takeReading(const QString &path, Reading *reading)
 {
     if (!QFile::exists(path))
         return false;
-    // A file renamed over the old one takes the watch with it. Watching again before reading
-    // leaves no gap.
-    if (fileWatcher && sender() == fileWatcher && !fileWatcher->files().contains(path))
+    // Where a new file was renamed over the old one, the watch stays with the old one, and goes
+    // when nobody holds that any more. Watching anew before reading leaves no gap.
+    if (fileWatcher && sender() == fileWatcher) {
+        fileWatcher->removePath(path);
         fileWatcher->addPath(path);
+    }
 
     const QByteArray bytes = readFile(path);
     const QString text = QString::fromUtf8(bytes.constData()); // ends at a NUL byte

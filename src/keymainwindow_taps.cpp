@@ -16,6 +16,8 @@
 void KeyMainWindow::onTouchKeysClicked()
 {
     curButton = qobject_cast<QPushButton *>(sender());
+    if (!curButton)
+        return;
     if (curButton == btnClear) {
         qDebug("[swc_print][%s %d] canel all keys", __func__, __LINE__);
         askToClear();
@@ -35,8 +37,8 @@ void KeyMainWindow::selectKey(int code)
         showNotice(AndroidToast::Red, tr("LEARNED."));
         return;
     }
-    // A new selection starts without the samples that an earlier one left behind. A second tap on
-    // a key that still waits is no new selection.
+    // A new selection starts without the samples that an earlier one left behind, which the log
+    // tells. A second tap on a key that still waits is no new selection.
     if (!clickAndValidKeys.contains(code))
         initSampleKeys();
     curButton->setStyleSheet(ButtonStyles::selected);

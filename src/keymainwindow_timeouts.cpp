@@ -8,6 +8,7 @@
 #include <QPushButton>
 
 // A timer reaches a slot by its name and passes no argument, so each key has a slot of its own.
+// The rows give both the slots' bodies and the table by code.
 #define TIME_OUT_SLOTS(ROW) \
     ROW(314, Home) \
     ROW(250, Back) \
@@ -46,6 +47,7 @@ const char *KeyMainWindow::timeOutSlotOf(int code)
 #define TABLE_ROW(code, Name) { code, SLOT(recorrect##Name##BtnStatus()) },
     static const QHash<int, const char *> slotsByCode{ TIME_OUT_SLOTS(TABLE_ROW) };
 #undef TABLE_ROW
+#undef TIME_OUT_SLOTS
     return slotsByCode.value(code);
 }
 

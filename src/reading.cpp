@@ -41,5 +41,5 @@ ReadingClass classify(const Reading &reading)
 
 bool isKnownKeyLine(int keyLine)
 {
-    return keyLine == 2 || keyLine == 3;
+    return keyLine == keyLine2 || keyLine == keyLine3;
 }

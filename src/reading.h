@@ -4,6 +4,10 @@
 
 #include <array>
 
+// The driver's two groups of keys.
+constexpr int keyLine2 = 2;
+constexpr int keyLine3 = 3;
+
 // One measurement of the key driver: a key line and three 12-bit converter values.
 struct Reading
 {
@@ -26,5 +30,4 @@ ReadingFault parseReading(const QString &text, Reading *reading);
 
 ReadingClass classify(const Reading &reading);
 
-// True for the two key lines that the driver has, 2 and 3.
 bool isKnownKeyLine(int keyLine);

@@ -2,6 +2,8 @@
 
 #include <QStringList>
 
+#include <limits>
+
 namespace {
 
 constexpr int tolerance = 60; // converter steps between two samples of one key
@@ -10,7 +12,9 @@ constexpr int sampleRecordFields = 1 + learnedRecordFields;
 int roundedMean(qint64 sum, int count)
 {
     const float mean = static_cast<float>(sum) / static_cast<float>(count);
-    return static_cast<int>(mean + 0.5f); // NOLINT(bugprone-incorrect-roundings): never negative
+    const float rounded = mean + 0.5f;
+    const int highest = std::numeric_limits<int>::max();
+    return rounded < static_cast<float>(highest) ? static_cast<int>(rounded) : highest;
 }
 
 } // namespace
@@ -56,10 +60,10 @@ int keyCodeOf(const QString &sample)
 
 QString learnedRecordFrom(const QMap<int, QString> &samples)
 {
-    qint64 sums[3] = {};
+    qint64 sums[channelCount] = {};
     for (const QString &sample : samples) {
         const RecordFields fields(sample);
-        for (int i = 0; i < 3; ++i)
+        for (int i = 0; i < channelCount; ++i)
             sums[i] += fields.at(i + 2);
     }
     const int count = samples.size();

@@ -7,7 +7,8 @@
 // Comma-separated records. A sample record is "code,keyLine,adc,adc,adc[,more]", a learned record
 // "keyLine,adc,adc,adc". One from the configuration file may have fewer fields or more.
 
-constexpr int learnedRecordFields = 4;
+constexpr int channelCount = 3; // values of the converter in a reading
+constexpr int learnedRecordFields = 1 + channelCount;
 
 // A record split once; reading past its end, or a field that is no decimal int, gives 0.
 class RecordFields
