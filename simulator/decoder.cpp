@@ -32,8 +32,8 @@ void Decoder::addGroup(const QJsonObject &configuration, const char *group, int 
 
 const LearnedKey *Decoder::find(int code) const
 {
-    const auto key = std::find_if(keys.begin(), keys.end(),
-                                  [code](const LearnedKey &each) { return each.code == code; });
+    const auto *const key = std::find_if(
+        keys.begin(), keys.end(), [code](const LearnedKey &each) { return each.code == code; });
     return key == keys.end() ? nullptr : key;
 }
 

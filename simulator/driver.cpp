@@ -5,6 +5,7 @@
 #include <QMap>
 
 #include <cstdio>
+#include <utility>
 
 namespace {
 
@@ -47,8 +48,8 @@ const QMap<QString, Write> writes = { { "truncate", truncateAndWrite },
 
 } // namespace
 
-Driver::Driver(const Wheel &wheel, const DriverOptions &options)
-    : wheel(wheel), options(options), noise(options.seed), decoder(QByteArray())
+Driver::Driver(Wheel wheel, const DriverOptions &options)
+    : wheel(std::move(wheel)), options(options), noise(options.seed), decoder(QByteArray())
 {
     timer.setTimerType(Qt::PreciseTimer);
     connect(&timer, SIGNAL(timeout()), this, SLOT(writeNext()));
@@ -86,7 +87,7 @@ bool Driver::write(const QByteArray &content)
 
 void Driver::hold(const WheelKey &key)
 {
-    press.reset(new Press(wheel, key, &noise));
+    press = std::make_unique<Press>(wheel, key, &noise);
     decoder = isLearning() ? Decoder(QByteArray()) : configuration();
     timer.start(period());
     writeNext();

@@ -22,7 +22,7 @@ class Driver : public QObject
     Q_OBJECT
 
 public:
-    Driver(const Wheel &wheel, const DriverOptions &options);
+    Driver(Wheel wheel, const DriverOptions &options);
 
     // Makes the platform's two files where they are missing. Gives what is wrong, else nothing.
     QString start();

@@ -38,8 +38,7 @@ const QCommandLineOption writeOption("write",
                                      "way", "truncate");
 const QCommandLineOption scriptOption("script",
                                       "Do the commands of the file, or of standard input for -, "
-                                      "without a display. Each done line is answered with \"ok\" "
-                                      "and the line.",
+                                      "without a display. Each done line is answered with ok.",
                                       "file");
 
 int complain(const QString &fault)

@@ -7,6 +7,8 @@
 #include <QRegExp>
 #include <QTextStream>
 
+#include <utility>
+
 namespace {
 
 constexpr int longestTime = 600000; // ms
@@ -62,8 +64,8 @@ const QVector<Script::Command> Script::commands = {
       &Script::setWriting },
 };
 
-Script::Script(Driver *driver, const Wheel &wheel, QTextStream *output)
-    : driver(driver), wheel(wheel), output(output)
+Script::Script(Driver *driver, Wheel wheel, QTextStream *output)
+    : driver(driver), wheel(std::move(wheel)), output(output)
 {
     connect(driver, SIGNAL(failed(QString)), this, SLOT(onFailed(QString)));
 }
@@ -86,7 +88,7 @@ QString Script::execute(const QString &line)
             continue;
         if (words.size() < command.fewestWords || words.size() > command.mostWords)
             return QString("the command is: %1").arg(command.usage);
-        const QString fault = (this->*command.handler)(words);
+        QString fault = (this->*command.handler)(words);
         return fault.isEmpty() ? writeFault : fault;
     }
     return QString("there is no command \"%1\"").arg(words.first());
@@ -100,7 +102,7 @@ QString Script::run(int descriptor)
     for (int number = 1; fault.isEmpty() && reader.next(&line); ++number) {
         fault = execute(line);
         if (fault.isEmpty())
-            *output << "ok " << line.simplified() << endl;
+            *output << "ok" << endl;
         else
             fault = QString("line %1: %2").arg(number).arg(fault);
     }
@@ -114,7 +116,7 @@ QString Script::press(const QStringList &words)
     const int duration = words.size() > 2 ? milliseconds(words.at(2)) : defaultPress;
     if (duration < 0)
         return badTime(words.at(2));
-    const QString fault = hold(words);
+    QString fault = hold(words);
     if (!fault.isEmpty())
         return fault;
     runEventLoop(duration);
@@ -160,7 +162,7 @@ QString Script::expectFlag(const QStringList &words)
     elapsed.start();
     while (driver->flag() != words.at(1).toUtf8()) {
         if (elapsed.elapsed() >= limit)
-            return QString("the flag is \"%1\" after %2ms, not \"%3\"")
+            return QString(R"(the flag is "%1" after %2ms, not "%3")")
                 .arg(QString::fromUtf8(driver->flag()))
                 .arg(limit)
                 .arg(words.at(1));

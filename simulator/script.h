@@ -13,15 +13,15 @@ class Script : public QObject
     Q_OBJECT
 
 public:
-    Script(Driver *driver, const Wheel &wheel, QTextStream *output);
+    Script(Driver *driver, Wheel wheel, QTextStream *output);
 
     static QString help();
 
     // Gives what is wrong with the line or the expectation in it that failed, else nothing.
     QString execute(const QString &line);
 
-    // Does all lines of a file or pipe, each as soon as it is complete, and answers "ok" and the
-    // line to each. Stops at the first fault and gives it, with the number of its line.
+    // Does all lines of a file or pipe, each as soon as it is complete, and answers "ok" to each.
+    // Stops at the first fault and gives it, with the number of its line.
     QString run(int descriptor);
 
 private slots:

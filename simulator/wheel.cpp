@@ -4,8 +4,8 @@
 
 const WheelKey *Wheel::find(const QString &name) const
 {
-    const auto key = std::find_if(keys.begin(), keys.end(),
-                                  [&name](const WheelKey &each) { return each.name == name; });
+    const auto *const key = std::find_if(
+        keys.begin(), keys.end(), [&name](const WheelKey &each) { return each.name == name; });
     return key == keys.end() ? nullptr : key;
 }
 
@@ -13,15 +13,15 @@ QString Wheel::functionName(int code) const
 {
     if (code == 0)
         return "none";
-    const auto key = std::find_if(keys.begin(), keys.end(),
-                                  [code](const WheelKey &each) { return each.code == code; });
+    const auto *const key = std::find_if(
+        keys.begin(), keys.end(), [code](const WheelKey &each) { return each.code == code; });
     return key == keys.end() ? QString::number(code) : key->name;
 }
 
 double Noise::uniform(double from, double to)
 {
     constexpr double engineRange = 4294967296.0;
-    return from + (to - from) * (engine() / engineRange);
+    return from + (to - from) * (static_cast<double>(engine()) / engineRange);
 }
 
 // The sum of twelve uniform numbers has the variance 1.

@@ -22,7 +22,7 @@ int offsetOfKey(const QByteArray &text, int index)
 {
     int depth = 0;
     bool inString = false;
-    for (int i = text.indexOf('[', text.indexOf("\"keys\"")) + 1; i < text.size(); ++i) {
+    for (int i = text.indexOf('[', text.indexOf(R"("keys")")) + 1; i < text.size(); ++i) {
         const char character = text.at(i);
         if (index == 0 && !std::isspace(static_cast<unsigned char>(character)))
             return i;
@@ -66,17 +66,17 @@ QString faultOfKey(const QJsonObject &key, const Wheel &wheel)
     const QString name = key.value("name").toString();
     const QString unknown = unknownMember(key, { "name", "label", "code", "line", "adc" });
     if (name.isEmpty() || name.contains(QRegExp("\\s")) || name == "all" || name == "none")
-        return "a key needs a \"name\": one word, not \"all\" or \"none\"";
+        return R"(a key needs a "name": one word, not "all" or "none")";
     if (wheel.find(name))
-        return QString("two keys are named \"%1\"").arg(name);
+        return QString(R"(two keys are named "%1")").arg(name);
     if (!unknown.isEmpty())
-        return QString("key \"%1\" has the unknown member \"%2\"").arg(name, unknown);
+        return QString(R"(key "%1" has the unknown member "%2")").arg(name, unknown);
     if (!isWhole(key.value("code"), 1, 65535))
-        return QString("key \"%1\" needs a \"code\" from 1 to 65535").arg(name);
+        return QString(R"(key "%1" needs a "code" from 1 to 65535)").arg(name);
     if (!isWhole(key.value("line"), 2, 3))
-        return QString("key \"%1\" needs a \"line\", 2 or 3").arg(name);
+        return QString(R"(key "%1" needs a "line", 2 or 3)").arg(name);
     if (!isContact(key.value("adc").toArray()))
-        return QString("key \"%1\" needs \"adc\", three whole numbers from 0 to 4094").arg(name);
+        return QString(R"(key "%1" needs "adc", three whole numbers from 0 to 4094)").arg(name);
     return QString();
 }
 
@@ -97,14 +97,14 @@ QString readKeys(const QByteArray &text, const QJsonArray &keys, Wheel *wheel, i
 {
     for (int i = 0; i < keys.size(); ++i) {
         const QJsonObject key = keys.at(i).toObject();
-        const QString fault = faultOfKey(key, *wheel);
+        QString fault = faultOfKey(key, *wheel);
         if (!fault.isEmpty()) {
             *offset = offsetOfKey(text, i);
             return fault;
         }
         wheel->keys.append(wheelKey(key));
     }
-    return keys.isEmpty() ? "a wheel needs \"keys\", an array of at least one" : QString();
+    return keys.isEmpty() ? R"(a wheel needs "keys", an array of at least one)" : QString();
 }
 
 // What is wrong, and where; empty if nothing is.
@@ -119,7 +119,7 @@ QString readWheel(const QByteArray &text, Wheel *wheel, int *offset)
     const QString unknown = unknownMember(object, { "noise", "drift", "bounce", "keys" });
     if (!unknown.isEmpty()) {
         *offset = text.indexOf('"' + unknown.toUtf8() + '"');
-        return QString("unknown member \"%1\"").arg(unknown);
+        return QString(R"(unknown member "%1")").arg(unknown);
     }
     const QPair<const char *, double *> disturbances[] = { { "noise", &wheel->noise },
                                                            { "drift", &wheel->drift },
@@ -127,8 +127,8 @@ QString readWheel(const QByteArray &text, Wheel *wheel, int *offset)
     for (const auto &each : disturbances) {
         *each.second = object.value(each.first).toDouble(-1);
         if (*each.second < 0 || *each.second > largestDisturbance) {
-            *offset = text.indexOf(QByteArray("\"") + each.first + '"');
-            return QString("a wheel needs \"%1\", a number from 0 to %2")
+            *offset = text.indexOf('"' + QByteArray(each.first) + '"');
+            return QString(R"(a wheel needs "%1", a number from 0 to %2)")
                 .arg(each.first)
                 .arg(largestDisturbance);
         }

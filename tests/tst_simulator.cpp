@@ -184,7 +184,7 @@ void TestSimulator::scripts()
     QVERIFY2(fault.isEmpty() ? told.isEmpty() : told.startsWith(fault), qPrintable(told));
     const int failingLine = told.section(' ', 1, 1).section(':', 0, 0).toInt();
     const int done = fault.isEmpty() ? lines.count('\n') + 1 : failingLine - 1;
-    QCOMPARE(answers.count("ok "), done);
+    QCOMPARE(answers.count("ok\n"), done);
     QVERIFY(!driver.isHeld());
 }
 
