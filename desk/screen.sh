@@ -70,22 +70,31 @@ tap() {
     xdotool mousemove "$x" "$y" click 1
 }
 
-# colour NAME: the button's background as a person sees it, taken below its symbol.
-colour() {
-    local x y
-    read -r x y <<<"$(place "$1")"
-    import -window root -crop "1x1+$x+$((y + rim))" -depth 8 txt:- |
-        sed -n '2s/.*\(#[0-9A-F]*\).*/\1/p'
+# pixel X Y: its colour as #RRGGBB.
+pixel() {
+    import -window root -crop "1x1+$1+$2" -depth 8 txt:- | sed -n '2s/.*\(#[0-9A-F]*\).*/\1/p'
 }
 
+# is_colour NAME COLOUR: the button's background, taken below its symbol, as a person sees it.
 is_colour() {
-    local hex
+    local x y hex
+    read -r x y <<<"$(place "$1")"
     case $2 in
     gray) hex='#505050' ;;
     blue) hex='#0000FF' ;;
     green) hex='#008000' ;;
     esac
-    [ "$(colour "$1")" = "$hex" ]
+    [ "$(pixel "$x" $((y + rim)))" = "$hex" ]
+}
+
+question_is_open() {
+    [ "$(pixel $((width / 2 - 100)) $((height / 2 - 60)))" = '#282828' ]
+}
+
+# answer yes|no: to the question that opens.
+answer() {
+    await 5 "the question" question_is_open
+    tap "$1"
 }
 
 await_colour() {
