@@ -1,6 +1,12 @@
 # Sourced: a screen without a monitor, with hands and eyes. It needs $project, the project's folder.
 
-screen_processes=()
+leavings=()
+
+# at_exit COMMAND: run it when the shell ends, the last one first, whatever became of the others.
+at_exit() {
+    leavings=("$1" "${leavings[@]}")
+    trap 'for command in "${leavings[@]}"; do eval "$command" 2>/dev/null || true; done' EXIT
+}
 
 # start_screen WIDTH HEIGHT [SERVER]: sets DISPLAY; the screen goes when the shell ends.
 start_screen() {
@@ -11,23 +17,18 @@ start_screen() {
     600) rows=(299 381 462) controls=551 rim=32 ;;
     esac
     number=$(mktemp) ready=$(mktemp -u)
-    trap stop_screen EXIT
     case ${3:-Xvfb} in
     Xvfb) Xvfb -displayfd 3 -screen 0 "${1}x${2}x24" -nolisten tcp 3>"$number" 2>/dev/null & ;;
     Xephyr) Xephyr -displayfd 3 -screen "${1}x${2}" -title "Head unit" 3>"$number" 2>/dev/null & ;;
     esac
-    screen_processes+=($!)
+    at_exit "kill $!"
     await 10 "the X server" test -s "$number"
     DISPLAY=:$(cat "$number")
     export DISPLAY
     openbox --config-file "$project/desk/openbox.xml" --startup "touch $ready" >/dev/null 2>&1 &
-    screen_processes+=($!)
+    at_exit "kill $!"
     await 10 "the window manager" test -e "$ready"
     rm -f "$number" "$ready"
-}
-
-stop_screen() {
-    kill "${screen_processes[@]}" 2>/dev/null || true
 }
 
 # await SECONDS WHAT COMMAND...: until the command succeeds; ends the shell where it doesn't.

@@ -5,6 +5,7 @@
 start_program() {
     (cd "$1" && exec application/bin/velmora) >"$1/output.txt" 2>"$1/log.txt" &
     program=$!
+    at_exit "kill $program"
     await 10 "the program's window" is_colour save gray
 }
 

@@ -40,8 +40,8 @@ teach_all() {
 }
 
 unit=$(mktemp -d)
+at_exit "rm -rf $unit"
 start_screen "${screen[@]}"
-trap 'kill "$program" 2>/dev/null; stop_screen; rm -rf "$unit"' EXIT
 prepare_head_unit "$unit" "$build"
 start_program "$unit"
 start_driver "$unit" --wheel "$project/tests/wheel.json" --write "$way"
