@@ -153,6 +153,8 @@ no numbers: {"direction0":[{"direction_event":5,"adc":[1.5,"2",-3]},{"direction_
         };
         for (const Write &rewrite : { cut, over, Write(replaceReading), replaceTwice }) {
             KeyMainWindowProbe probe;
+            QFile held(readingPath); // so that a replaced file is not gone
+            QVERIFY(held.open(QIODevice::ReadOnly));
             probe.play("314");
             for (const QByteArray payload : { "2,120,40,41", "2,130,40,41", "2,140,40,41" }) {
                 rewrite("11:" + payload);

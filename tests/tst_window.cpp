@@ -150,6 +150,36 @@ private slots:
             QCOMPARE(takeNotices().join(' ').section(' ', 1), translation);
         }
     }
+
+    void textsFitTheirPlaces_data()
+    {
+        QTest::addColumn<QString>("catalogue");
+        QTest::newRow("English") << "Velmora_en_gb.qm";
+        QTest::newRow("Chinese") << "Velmora_zh_rCN.qm";
+    }
+    void textsFitTheirPlaces()
+    {
+        QFETCH(QString, catalogue);
+        QTranslator translator;
+        QVERIFY(translator.load(catalogue, CATALOGUES_FOLDER));
+        QCoreApplication::installTranslator(&translator);
+        QApplication::setFont(QFont("Droid Sans Fallback", 16));
+        const KeyMainWindowProbe probe;
+        QLabel *label = probe.window.findChildren<QLabel *>().at(2);
+        label->ensurePolished();
+        for (const QSize &place : { QSize(752, 125), QSize(962, 157) })
+            QVERIFY(label->heightForWidth(place.width()) <= place.height());
+        for (const char *notice :
+             { "SUCCESS.", "FAILED.", "REPEAT.", "NO LEARNING.", "LEARNED." }) {
+            AndroidToast toast(nullptr);
+            toast.setText(0, KeyMainWindow::tr(notice));
+            QLabel *text = toast.findChild<QLabel *>();
+            text->ensurePolished();
+            QVERIFY2(text->heightForWidth(160) <= 80, notice);
+            for (const QString &word : text->text().split(' '))
+                QVERIFY2(text->fontMetrics().boundingRect(word).width() <= 160, notice);
+        }
+    }
 };
 
 QTEST_MAIN(TestWindow)
