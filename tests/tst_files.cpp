@@ -1,6 +1,7 @@
 #include "headunit.h"
 
 #include <cstdio>
+#include <memory>
 
 // The files exchanged with the driver, and the ways in which the program ends.
 class TestFiles : public QObject
@@ -13,11 +14,12 @@ class TestFiles : public QObject
     // Runs the program's event loop, the tap first and then all that it has posted.
     static int exitCodeAfterTap(QPushButton *button, const QString &reply = QString())
     {
+        std::unique_ptr<Later> giveUp;
         const Later start(0, [&] {
             const Later later(0, [&] { answer(reply); });
             tap(button);
+            giveUp.reset(new Later(200, [] { QCoreApplication::exit(stillRunning); }));
         });
-        const Later giveUp(200, [] { QCoreApplication::exit(stillRunning); });
         return QCoreApplication::exec();
     }
 

@@ -113,7 +113,7 @@ time-out of nothing: 314 up -314 =>)");
         }
         QTRY_VERIFY_WITH_TIMEOUT(logText.size() >= lines.size(), 5000);
         QCOMPARE(logText, lines); // timers of equal length end in the order of the taps
-        QVERIFY2(qAbs(time.elapsed() - 4000) < 600, qPrintable(QString::number(time.elapsed())));
+        QVERIFY(time.elapsed() >= 3800);
         QCOMPARE(probe.state(), QString("red NO LEARNING."));
     }
 };
