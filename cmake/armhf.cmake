@@ -1,0 +1,23 @@
+# Toolchain: 32-bit ARM Linux with hardware floating point.
+
+set(CMAKE_SYSTEM_NAME Linux)
+set(CMAKE_SYSTEM_PROCESSOR arm)
+
+set(SWC_SYSROOT ${CMAKE_CURRENT_LIST_DIR}/../build/sysroot CACHE PATH
+    "Root of the unit's SDK, with Qt; the default is Debian's, by cmake/make-sysroot")
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES SWC_SYSROOT)
+get_filename_component(CMAKE_SYSROOT ${SWC_SYSROOT} ABSOLUTE)
+
+if(NOT CMAKE_CXX_COMPILER)
+    set(CMAKE_CXX_COMPILER arm-linux-gnueabihf-g++)
+endif()
+
+set(CMAKE_CXX_FLAGS_INIT -Wno-psabi) # nothing here is older than GCC 7, whose change it notes
+
+# Programs are this machine's, all else is the unit's.
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+
+set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/emulate ${CMAKE_SYSROOT})
