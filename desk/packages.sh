@@ -2,6 +2,8 @@
 
 build_packages=(g++ cmake make ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools)
 screen_packages=(xvfb openbox xdotool imagemagick fonts-droid-fallback fonts-dejavu-core)
+unit_packages=(iproute2 dpkg-dev file) # to package the program, and to run it by itself
+arm_packages=(g++-arm-linux-gnueabihf qemu-user)
 check_packages=(clang-format clang-tidy librsvg2-bin optipng)
 
 # Installs what is missing; one message and the end of the command where that fails.

@@ -8,14 +8,19 @@ at_exit() {
     trap 'for command in "${leavings[@]}"; do eval "$command" 2>/dev/null || true; done' EXIT
 }
 
-# start_screen WIDTH HEIGHT [SERVER]: sets DISPLAY; the screen goes when the shell ends.
-start_screen() {
-    local number ready
+# lay_out WIDTH HEIGHT: where the buttons are on such a screen.
+lay_out() {
     width=$1 height=$2
     case $2 in
     480) rows=(244 307 370) controls=440 rim=25 ;;
     600) rows=(299 381 462) controls=551 rim=32 ;;
     esac
+}
+
+# start_screen WIDTH HEIGHT [SERVER]: sets DISPLAY; the screen goes when the shell ends.
+start_screen() {
+    local number ready
+    lay_out "$1" "$2"
     number=$(mktemp) ready=$(mktemp -u)
     case ${3:-Xvfb} in
     Xvfb) Xvfb -displayfd 3 -screen 0 "${1}x${2}x24" -nolisten tcp 3>"$number" 2>/dev/null & ;;
