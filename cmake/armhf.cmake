@@ -12,8 +12,6 @@ if(NOT CMAKE_CXX_COMPILER)
     set(CMAKE_CXX_COMPILER arm-linux-gnueabihf-g++)
 endif()
 
-set(CMAKE_CXX_FLAGS_INIT -Wno-psabi) # nothing here is older than GCC 7, whose change it notes
-
 # Programs are this machine's, all else is the unit's.
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
