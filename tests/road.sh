@@ -73,6 +73,7 @@ lay_out 800 480
 (cd "$unit" && QT_QPA_PLATFORM=vnc:size=800x480:port=$port exec "$@" application/bin/velmora) \
     >"$log" 2>&1 &
 program=$!
+at_exit "tail -n 20 $log"
 await 20 "the VNC server" listens
 connect
 
