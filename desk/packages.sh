@@ -3,6 +3,7 @@
 build_packages=(g++ cmake ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools)
 screen_packages=(xvfb openbox xdotool imagemagick fonts-droid-fallback fonts-dejavu-core)
 check_packages=(clang-format clang-tidy librsvg2-bin optipng)
+robustness_packages=(clang-14 libclang-rt-14-dev strace valgrind)
 
 # Installs what is missing; one message and the end of the command where that fails.
 require_packages() {
