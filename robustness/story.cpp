@@ -48,7 +48,7 @@ int Story::anyKey()
 
 void Story::openWindow()
 {
-    probe.reset(new KeyMainWindowProbe);
+    probe = std::make_unique<KeyMainWindowProbe>();
     known = probe->records();
     ranges.clear();
     timeOuts.clear();
@@ -205,9 +205,9 @@ bool Story::endsProgram(QPushButton *button)
     std::unique_ptr<Later> giveUp; // only where the loop goes on after the tap
     const Later tap([&] {
         if (button == probe->clearButton())
-            answering.reset(new Later([this] { answer(); }));
+            answering = std::make_unique<Later>([this] { answer(); });
         button->click();
-        giveUp.reset(new Later([] { QCoreApplication::exit(1); }));
+        giveUp = std::make_unique<Later>([] { QCoreApplication::exit(1); });
     });
     return QApplication::exec() == 0;
 }

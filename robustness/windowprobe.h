@@ -61,7 +61,7 @@ void writeReading(const QByteArray &payload, Way way);
 
 qint64 now(); // in milliseconds
 void handleEvents(); // until there are none
-void pass(int milliseconds);
+void pass(int duration); // in milliseconds
 void doWithoutScreen(); // and without the log; before the QApplication
 
 int residentKilobytes();
