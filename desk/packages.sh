@@ -5,6 +5,7 @@ screen_packages=(xvfb openbox xdotool imagemagick fonts-droid-fallback fonts-dej
 unit_packages=(iproute2 dpkg-dev file) # to package the program, and to run it by itself
 arm_packages=(g++-arm-linux-gnueabihf qemu-user)
 check_packages=(clang-format clang-tidy librsvg2-bin optipng)
+robustness_packages=(clang-14 libclang-rt-14-dev strace valgrind)
 
 # Installs what is missing; one message and the end of the command where that fails.
 require_packages() {

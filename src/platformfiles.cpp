@@ -8,6 +8,8 @@
 
 namespace {
 
+constexpr int readAtOnce = 16384; // in bytes
+
 // Unbuffered, so that the time in which the file is without its content ends with one write.
 bool openAndWrite(QFile &file, const QByteArray &content)
 {
@@ -24,7 +26,12 @@ QByteArray readFile(const QString &path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
         return QByteArray();
-    return file.readAll();
+
+    // Not readAll(): it asks for the size first, and cuts off a text that has grown since.
+    QByteArray content;
+    for (QByteArray part = file.read(readAtOnce); !part.isEmpty(); part = file.read(readAtOnce))
+        content += part;
+    return content;
 }
 
 void writeFile(const QString &path, const QByteArray &content)
