@@ -104,7 +104,7 @@ answer() {
 }
 
 await_colour() {
-    await 5 "$1 to turn $2" is_colour "$1" "$2"
+    await 10 "$1 to turn $2" is_colour "$1" "$2"
 }
 
 screenshot() {

@@ -41,6 +41,6 @@ driver() {
 teach() {
     tap "$1"
     await_colour "$1" blue
-    driver press "$1" 250ms
+    driver press "$1" 400ms
     await_colour "$1" green
 }

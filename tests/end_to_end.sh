@@ -39,8 +39,11 @@ teach_all() {
     done
 }
 
+# The driver's files are in memory: a busy disk can hold up a reading for seconds.
 unit=$(mktemp -d)
-at_exit "rm -rf $unit"
+memory=$(mktemp -d -p /dev/shm 2>/dev/null || mktemp -d)
+at_exit "rm -rf $unit $memory"
+ln -s "$memory" "$unit/media"
 start_screen "${screen[@]}"
 prepare_head_unit "$unit" "$build"
 start_program "$unit"
