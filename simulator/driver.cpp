@@ -2,148 +2,130 @@
 
 #include <QDir>
 #include <QFile>
-#include <QMap>
+#include <QJsonArray>
+#include <QJsonDocument>
 
 #include <cstdio>
 #include <utility>
 
 namespace {
 
-constexpr char filesFolder[] = "media/flash/nvm";
-constexpr char readingFile[] = "swc_keys";
-constexpr char flagFile[] = "swc_flags";
-constexpr char configurationFile[] = "direction.json";
+QJsonArray learnedKeys(int line, const QJsonObject &configuration)
+{
+    return configuration.value(line == 2 ? "direction0" : "direction1").toArray();
+}
 
-using Write = bool (*)(const QString &path, const QByteArray &content);
-
-// One write, so that a reader sees either nothing or all of it.
-bool writeOpened(const QString &path, const QByteArray &content, QIODevice::OpenMode mode)
+QByteArray contentOf(const QString &path)
 {
     QFile file(path);
-    return file.open(mode | QIODevice::Unbuffered) && file.write(content) == content.size();
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
-
-bool truncateAndWrite(const QString &path, const QByteArray &content)
-{
-    return writeOpened(path, content, QIODevice::WriteOnly | QIODevice::Truncate);
-}
-
-// What a longer reading has left behind the new one stays.
-bool overwrite(const QString &path, const QByteArray &content)
-{
-    return writeOpened(path, content, QIODevice::ReadWrite);
-}
-
-// QFile::rename() would refuse to replace the file.
-bool renameOver(const QString &path, const QByteArray &content)
-{
-    const QByteArray name = QFile::encodeName(path);
-    return truncateAndWrite(path + ".new", content)
-        && std::rename(name + ".new", name.constData()) == 0;
-}
-
-const QMap<QString, Write> writes = { { "truncate", truncateAndWrite },
-                                      { "overwrite", overwrite },
-                                      { "rename", renameOver } };
 
 } // namespace
 
-Driver::Driver(Wheel wheel, const DriverOptions &options)
-    : wheel(std::move(wheel)), options(options), noise(options.seed), decoder(QByteArray())
+int decode(const Measurement &measurement, const QJsonObject &configuration)
 {
-    timer.setTimerType(Qt::PreciseTimer);
-    connect(&timer, SIGNAL(timeout()), this, SLOT(writeNext()));
-}
-
-QString Driver::start()
-{
-    const QString folder = QDir(options.root).filePath(filesFolder);
-    if (!QDir(folder).exists())
-        return QString("there is no folder %1; --root names the folder above media").arg(folder);
-    const QMap<QString, QByteArray> firstContents = { { readingFile, "" }, { flagFile, "0" } };
-    for (const QString &name : firstContents.keys()) {
-        if (!QFile::exists(path(name)) && !truncateAndWrite(path(name), firstContents.value(name)))
-            return QString("can't write %1").arg(path(name));
+    int code = 0;
+    int nearest = releasedValue;
+    for (const QJsonValue element : learnedKeys(measurement[0], configuration)) {
+        const QJsonObject key = element.toObject();
+        const int road = key.value("road").toInt();
+        if (road < 1 || road > 3)
+            continue;
+        const int learned = key.value("adc").toArray().at(road - 1).toInt();
+        const int distance = qAbs(measurement[road] - learned);
+        if (distance <= key.value("interval").toInt(-1) && distance < nearest) {
+            nearest = distance;
+            code = key.value("direction_event").toInt();
+        }
     }
-    return QString();
+    return code;
 }
 
-QStringList Driver::waysOfWriting()
+QString decodeTableRow(const WheelKey &key, const QJsonObject &configuration,
+                       const QString &decodedAs)
 {
-    return writes.keys();
+    QString learned = "not learned";
+    for (const QJsonValue element : learnedKeys(key.contact[0], configuration)) {
+        const QJsonObject object = element.toObject();
+        const QJsonArray adc = object.value("adc").toArray();
+        if (object.value("direction_event").toInt() == key.code)
+            learned = QString("%1 %2 %3 %4 %5 %6")
+                          .arg(key.contact[0])
+                          .arg(adc.at(0).toInt(), 4)
+                          .arg(adc.at(1).toInt(), 4)
+                          .arg(adc.at(2).toInt(), 4)
+                          .arg(object.value("road").toInt(), 6)
+                          .arg(object.value("interval").toInt(), 8);
+    }
+    return QString("%1 %2  %3\n").arg(key.name, -10).arg(learned, -32).arg(decodedAs);
 }
 
-bool Driver::setWriting(const QString &way)
+QByteArray readingText(const Measurement &measurement)
 {
-    if (writes.contains(way))
-        options.writing = way;
-    return options.writing == way;
+    QByteArray payload = QByteArray::number(measurement[0]);
+    for (int channel = 1; channel <= 3; ++channel)
+        payload += ',' + QByteArray::number(measurement[channel]);
+    return QByteArray::number(payload.size()) + ':' + payload;
 }
 
-bool Driver::write(const QByteArray &content)
+Driver::Driver(Wheel wheel, const QString &root, int rate, quint32 seed)
+    : wheel(std::move(wheel)),
+      period(1000 / rate),
+      folder(QDir(root).filePath("media/flash/nvm")),
+      chance(seed)
 {
-    return writes.value(options.writing)(path(readingFile), content);
+    if (!QDir(folder).exists())
+        fileFault =
+            QString("there is no folder %1; --root names the folder above media").arg(folder);
 }
 
 void Driver::hold(const WheelKey &key)
 {
-    press = std::make_unique<Press>(wheel, key, &noise);
-    decoder = isLearning() ? Decoder(QByteArray()) : configuration();
-    timer.start(period());
+    heldKey = &key;
+    drift = between(-wheel.drift, wheel.drift, &chance);
+    count = 0;
     writeNext();
 }
 
 void Driver::release()
 {
-    timer.stop();
-    const Measurement released = press->released();
-    press.reset();
-    writeReading(released, 0);
+    if (!heldKey)
+        return;
+    write({ { heldKey->contact[0], releasedValue, releasedValue, releasedValue } });
+    heldKey = nullptr;
 }
 
 void Driver::writeNext()
 {
-    const Measurement measurement = press->next();
-    writeReading(measurement, decoder.decode(measurement));
+    if (!heldKey)
+        return;
+    const Measurement measurement = measure(wheel, *heldKey, drift, count++, &chance);
+    const int code = decode(measurement, configuration());
+    lastFunction = isLearning() ? QString() : wheel.functionName(code);
+    write(measurement);
 }
 
-void Driver::writeReading(const Measurement &measurement, int decodedCode)
+void Driver::write(const Measurement &measurement)
 {
-    const QByteArray text = readingText(measurement);
-    if (write(text))
-        emit wrote(text, decodedCode);
-    else
-        emit failed(QString("can't write %1").arg(path(readingFile)));
+    lastReading = readingText(measurement);
+    const QString path = folder + "/swc_keys";
+    const QString newPath = writing == "rename" ? path + ".new" : path;
+    // Opened for reading too, a file keeps what a longer reading has left behind this one. A file
+    // renamed to its own name stays as it is.
+    const auto mode = writing == "overwrite" ? QIODevice::ReadWrite : QIODevice::WriteOnly;
+    QFile file(newPath);
+    if (!file.open(mode | QIODevice::Unbuffered) || file.write(lastReading) != lastReading.size()
+        || std::rename(QFile::encodeName(newPath), QFile::encodeName(path)) != 0)
+        fileFault = "can't write " + path;
 }
 
 QByteArray Driver::flag() const
 {
-    QFile file(path(flagFile));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return contentOf(folder + "/swc_flags");
 }
 
-Decoder Driver::configuration() const
+QJsonObject Driver::configuration() const
 {
-    QFile file(path(configurationFile));
-    return Decoder(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray());
-}
-
-Measurement Driver::settledPress(const WheelKey &key)
-{
-    return Press(wheel, key, &noise).settled();
-}
-
-QString Driver::path(const QString &name) const
-{
-    return QDir(options.root).filePath(QString("%1/%2").arg(filesFolder, name));
-}
-
-QByteArray readingText(const Measurement &measurement)
-{
-    const QString payload = QString("%1,%2,%3,%4")
-                                .arg(measurement.line)
-                                .arg(measurement.adc[0])
-                                .arg(measurement.adc[1])
-                                .arg(measurement.adc[2]);
-    return QString("%1:%2").arg(payload.size()).arg(payload).toLatin1();
+    return QJsonDocument::fromJson(contentOf(folder + "/direction.json")).object();
 }

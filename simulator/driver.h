@@ -1,65 +1,54 @@
 #pragma once
 
-#include "decoder.h"
 #include "wheel.h"
 
-#include <QObject>
-#include <QTimer>
+#include <QJsonObject>
 
-#include <memory>
+// The driver's reading of the configuration file: the code of the nearest key of the line that is
+// within its interval, 0 if there is none.
+int decode(const Measurement &measurement, const QJsonObject &configuration);
 
-struct DriverOptions
-{
-    QString root = "."; // stands for the root folder of the head unit
-    QString writing = "truncate"; // one of Driver::waysOfWriting()
-    int rate = 20; // readings a second
-    quint32 seed = 1;
-};
-
-// The key driver's side of its three files.
-class Driver : public QObject
-{
-    Q_OBJECT
-
-public:
-    Driver(Wheel wheel, const DriverOptions &options);
-
-    // Makes the platform's two files where they are missing. Gives what is wrong, else nothing.
-    QString start();
-
-    static QStringList waysOfWriting();
-    bool setWriting(const QString &way); // false if there is no such way
-    bool write(const QByteArray &content);
-
-    int period() const { return 1000 / options.rate; } // ms from one reading to the next
-    bool isHeld() const { return press != nullptr; }
-    void hold(const WheelKey &key);
-    void release();
-
-    QByteArray flag() const;
-    bool isLearning() const { return flag() != "0"; }
-    Decoder configuration() const;
-    Measurement settledPress(const WheelKey &key);
-
-signals:
-    // The code is 0 where the configuration has none for the reading, and while learning.
-    void wrote(const QString &reading, int decodedCode);
-    void failed(const QString &fault);
-
-private slots:
-    void writeNext();
-
-private:
-    QString path(const QString &name) const;
-    void writeReading(const Measurement &measurement, int decodedCode);
-
-    const Wheel wheel;
-    DriverOptions options;
-    Noise noise;
-    Decoder decoder;
-    QTimer timer;
-    std::unique_ptr<Press> press;
-};
+constexpr char decodeTableHeader[] = "key        learned values     road interval  decoded as\n";
+QString decodeTableRow(const WheelKey &key, const QJsonObject &configuration,
+                       const QString &decodedAs);
 
 // "<count>:<line>,<value>,<value>,<value>"
 QByteArray readingText(const Measurement &measurement);
+
+// The key driver's side of its three files.
+class Driver
+{
+public:
+    // `root` stands for the root folder of the head unit, `rate` is in readings a second.
+    Driver(Wheel wheel, const QString &root, int rate, quint32 seed);
+
+    void hold(const WheelKey &key);
+    void release();
+    void writeNext(); // to be called once a period; writes nothing unless a key is held
+
+    QByteArray flag() const;
+    bool isLearning() const { return flag() != "0"; }
+    QJsonObject configuration() const;
+
+    Measurement press(const WheelKey &key) { return settledPress(wheel, key, &chance); }
+    const WheelKey *held() const { return heldKey; } // nullptr for none
+    QString reading() const { return lastReading; }
+    QString function() const { return lastFunction; } // of the last press, empty while learning
+    QString fault() const { return fileFault; } // of the folder or any reading so far
+
+    const Wheel wheel;
+    const int period; // ms
+    QString writing = "truncate"; // or "overwrite", or "rename"
+
+private:
+    void write(const Measurement &measurement);
+
+    const QString folder;
+    Chance chance;
+    const WheelKey *heldKey = nullptr;
+    double drift = 0; // of the press
+    int count = 0; // of the press's readings
+    QByteArray lastReading;
+    QString lastFunction;
+    QString fileFault;
+};

@@ -1,76 +1,137 @@
 #include "script.h"
 
-#include "linereader.h"
-
 #include <QElapsedTimer>
-#include <QEventLoop>
+#include <QFile>
 #include <QRegExp>
+#include <QStringList>
 #include <QTextStream>
+#include <QThread>
 
-#include <utility>
+#include <poll.h>
+#include <unistd.h>
 
 namespace {
 
-constexpr int longestTime = 600000; // ms
-constexpr int defaultPress = 400; // ms
-constexpr int defaultFlagLimit = 5000; // ms
-constexpr int flagPolling = 20; // ms
+struct Command
+{
+    const char *usage;
+    const char *meaning;
+};
+
+const Command commands[] = {
+    { "press KEY [TIME]", "hold the key, let go after 400ms or TIME" },
+    { "hold KEY", "press and go on with the script" },
+    { "release", "let go" },
+    { "wait TIME", "do nothing else for that time" },
+    { "flag TEXT [TIME]", "expect the flag file to hold TEXT within 5s or TIME" },
+    { "decode KEY|all [KEY|none]", "expect a new press to be decoded as the key or as that" },
+    { "write truncate|overwrite|rename", "change the way of writing" },
+};
 
 // "600ms" or "2s" in milliseconds; -1 for anything else.
 int milliseconds(const QString &text)
 {
     QRegExp time("(\\d{1,6})(ms|s)");
-    if (!time.exactMatch(text))
-        return -1;
-    const int value = time.cap(1).toInt() * (time.cap(2) == "s" ? 1000 : 1);
-    return value <= longestTime ? value : -1;
+    return time.exactMatch(text) ? time.cap(1).toInt() * (time.cap(2) == "s" ? 1000 : 1) : -1;
 }
 
-QString badTime(const QString &text)
+// A held key goes on writing in the meantime.
+QString wait(Driver *driver, int duration)
 {
-    return QString("\"%1\" is no time such as 600ms or 2s, at most 600s").arg(text);
+    QElapsedTimer elapsed;
+    elapsed.start();
+    while (elapsed.elapsed() < duration) {
+        QThread::msleep(static_cast<unsigned long>(driver->period));
+        driver->writeNext();
+    }
+    return QString();
 }
 
-QString unknownKey(const QString &name)
+QString press(Driver *driver, const WheelKey &key, const QString &time)
 {
-    return QString("no key of the wheel is named \"%1\"").arg(name);
+    driver->hold(key);
+    wait(driver, milliseconds(time));
+    driver->release();
+    return wait(driver, driver->period); // the release stays as long as any reading
 }
 
-void runEventLoop(int duration)
+QString expectFlag(Driver *driver, const QString &flag, const QString &limit)
 {
-    QEventLoop loop;
-    QTimer timer;
-    timer.setTimerType(Qt::PreciseTimer);
-    timer.setSingleShot(true);
-    QObject::connect(&timer, SIGNAL(timeout()), &loop, SLOT(quit()));
-    timer.start(duration);
-    loop.exec();
+    QElapsedTimer elapsed;
+    elapsed.start();
+    while (driver->flag() != flag.toUtf8()) {
+        if (elapsed.elapsed() >= milliseconds(limit))
+            return QString(R"(the flag is "%1" after %2, not "%3")")
+                .arg(QString::fromUtf8(driver->flag()), limit, flag);
+        wait(driver, driver->period);
+    }
+    return QString();
+}
+
+QString expectDecoded(Driver *driver, const QStringList &words, QTextStream *output)
+{
+    if (driver->isLearning())
+        return "nothing is decoded while learning is on";
+    const bool all = words.at(1) == "all";
+    const QJsonObject configuration = driver->configuration();
+    QString table = decodeTableHeader;
+    QStringList wrong;
+    for (const WheelKey &key : driver->wheel.keys) {
+        if (!all && key.name != words.at(1))
+            continue;
+        const int code = decode(driver->press(key), configuration);
+        const QString decoded = driver->wheel.functionName(code);
+        table += decodeTableRow(key, configuration, decoded);
+        if (decoded != words.value(2, key.name))
+            wrong.append(key.name + " is decoded as " + decoded);
+    }
+    *output << (all ? table : QString());
+    return wrong.join(", ");
+}
+
+// Whether a line may have that word where the command's usage has this one.
+bool fits(const QString &word, const QString &usage, const Wheel &wheel)
+{
+    QStringList choices = usage.split(QRegExp("[][|]")); // brackets leave an empty one
+    return (choices.removeAll("KEY") > 0 && wheel.find(word))
+        || (choices.removeAll("TIME") > 0 && milliseconds(word) >= 0)
+        || (choices.removeAll("TEXT") > 0 && !word.isEmpty()) || choices.contains(word);
+}
+
+QString run(const QStringList &words, Driver *driver, QTextStream *output)
+{
+    const QString &name = words.first();
+    const WheelKey *key = driver->wheel.find(words.value(1));
+    if (name == "press")
+        return press(driver, *key, words.value(2, "400ms"));
+    if (name == "wait")
+        return wait(driver, milliseconds(words.at(1)));
+    if (name == "flag")
+        return expectFlag(driver, words.at(1), words.value(2, "5s"));
+    if (name == "decode")
+        return expectDecoded(driver, words, output);
+    if (name == "hold")
+        driver->hold(*key);
+    else if (name == "release")
+        driver->release();
+    else
+        driver->writing = words.at(1);
+    return QString();
+}
+
+// A held key goes on writing while the next line is not there yet.
+bool readLine(QFile *file, Driver *driver, QString *line)
+{
+    pollfd input = { file->handle(), POLLIN, 0 };
+    while (poll(&input, 1, driver->period) == 0)
+        driver->writeNext();
+    *line = QString::fromUtf8(file->readLine());
+    return !line->isEmpty();
 }
 
 } // namespace
 
-const QVector<Script::Command> Script::commands = {
-    { "press", "press KEY [TIME]", "hold the key, let go after 400ms or TIME", 2, 3,
-      &Script::press },
-    { "hold", "hold KEY", "press and go on with the script", 2, 2, &Script::hold },
-    { "release", "release", "let go", 1, 1, &Script::release },
-    { "wait", "wait TIME", "do nothing else for that time", 2, 2, &Script::wait },
-    { "flag", "flag TEXT [TIME]", "expect the flag file to hold TEXT within 5s or TIME", 2, 3,
-      &Script::expectFlag },
-    { "decode", "decode KEY [KEY|none]", "expect a new press to be decoded as the key or as that",
-      2, 3, &Script::decode },
-    { "decode", "decode all", "the same for every key, with a table", 2, 2, &Script::decode },
-    { "write", "write truncate|overwrite|rename", "change the way of writing", 2, 2,
-      &Script::setWriting },
-};
-
-Script::Script(Driver *driver, Wheel wheel, QTextStream *output)
-    : driver(driver), wheel(std::move(wheel)), output(output)
-{
-    connect(driver, SIGNAL(failed(QString)), this, SLOT(onFailed(QString)));
-}
-
-QString Script::help()
+QString scriptHelp()
 {
     QString text;
     for (const Command &command : commands)
@@ -78,135 +139,42 @@ QString Script::help()
     return text;
 }
 
-QString Script::execute(const QString &line)
+QString execute(const QString &line, Driver *driver, QTextStream *output)
 {
-    const QStringList words = line.simplified().split(' ', QString::SkipEmptyParts);
-    if (words.isEmpty() || words.first().startsWith('#'))
+    const QStringList words = line.simplified().split(' ');
+    if (words.first().isEmpty() || words.first().startsWith('#'))
         return QString();
     for (const Command &command : commands) {
-        if (words.first() != command.name)
+        const QStringList usage = QString(command.usage).split(' ');
+        if (usage.first() != words.first())
             continue;
-        if (words.size() < command.fewestWords || words.size() > command.mostWords)
-            return QString("the command is: %1").arg(command.usage);
-        QString fault = (this->*command.handler)(words);
-        return fault.isEmpty() ? writeFault : fault;
+        for (int i = 1; i < qMax(usage.size(), words.size()); ++i) {
+            if (!fits(words.value(i), usage.value(i), driver->wheel))
+                return QString(R"("%1" does not fit: %2)").arg(words.value(i), command.usage);
+        }
+        const QString fault = run(words, driver, output);
+        return fault.isEmpty() ? driver->fault() : fault;
     }
-    return QString("there is no command \"%1\"").arg(words.first());
+    return QString(R"(there is no command "%1")").arg(words.first());
 }
 
-QString Script::run(int descriptor)
+int runScript(const QString &name, Driver *driver, QTextStream *output, QTextStream *errors)
 {
-    LineReader reader(descriptor);
-    QString line;
+    QFile file(name);
+    const QIODevice::OpenMode mode = QIODevice::ReadOnly | QIODevice::Unbuffered;
     QString fault;
-    for (int number = 1; fault.isEmpty() && reader.next(&line); ++number) {
-        fault = execute(line);
+    if (!(name == "-" ? file.open(STDIN_FILENO, mode) : file.open(mode)))
+        fault = file.errorString();
+    QString line;
+    for (int number = 1; fault.isEmpty() && readLine(&file, driver, &line); ++number) {
+        fault = execute(line, driver, output);
         if (fault.isEmpty())
             *output << "ok" << endl;
         else
             fault = QString("line %1: %2").arg(number).arg(fault);
     }
-    if (driver->isHeld())
-        driver->release();
-    return fault;
-}
-
-QString Script::press(const QStringList &words)
-{
-    const int duration = words.size() > 2 ? milliseconds(words.at(2)) : defaultPress;
-    if (duration < 0)
-        return badTime(words.at(2));
-    QString fault = hold(words);
+    driver->release();
     if (!fault.isEmpty())
-        return fault;
-    runEventLoop(duration);
-    driver->release();
-    runEventLoop(driver->period()); // the release stays as long as any reading
-    return QString();
-}
-
-QString Script::hold(const QStringList &words)
-{
-    const WheelKey *key = wheel.find(words.at(1));
-    if (!key)
-        return unknownKey(words.at(1));
-    if (driver->isHeld())
-        return "a key is held already";
-    driver->hold(*key);
-    return QString();
-}
-
-QString Script::release(const QStringList &)
-{
-    if (!driver->isHeld())
-        return "no key is held";
-    driver->release();
-    return QString();
-}
-
-QString Script::wait(const QStringList &words)
-{
-    const int duration = milliseconds(words.at(1));
-    if (duration < 0)
-        return badTime(words.at(1));
-    runEventLoop(duration);
-    return QString();
-}
-
-QString Script::expectFlag(const QStringList &words)
-{
-    const int limit = words.size() > 2 ? milliseconds(words.at(2)) : defaultFlagLimit;
-    if (limit < 0)
-        return badTime(words.at(2));
-    QElapsedTimer elapsed;
-    elapsed.start();
-    while (driver->flag() != words.at(1).toUtf8()) {
-        if (elapsed.elapsed() >= limit)
-            return QString(R"(the flag is "%1" after %2ms, not "%3")")
-                .arg(QString::fromUtf8(driver->flag()))
-                .arg(limit)
-                .arg(words.at(1));
-        runEventLoop(flagPolling);
-    }
-    return QString();
-}
-
-QString Script::decode(const QStringList &words)
-{
-    if (driver->isLearning())
-        return QString("nothing is decoded while the flag is \"%1\"")
-            .arg(QString::fromUtf8(driver->flag()));
-    const Decoder decoder = driver->configuration();
-    if (words.at(1) == "all")
-        return decodeAll(decoder);
-    const WheelKey *key = wheel.find(words.at(1));
-    if (!key)
-        return unknownKey(words.at(1));
-    const QString expected = words.value(2, key->name);
-    if (expected != "none" && !wheel.find(expected))
-        return unknownKey(expected);
-    const QString decoded = wheel.functionName(decoder.decode(driver->settledPress(*key)));
-    return decoded == expected
-        ? QString()
-        : QString("%1 is decoded as %2, not as %3").arg(key->name, decoded, expected);
-}
-
-QString Script::decodeAll(const Decoder &decoder)
-{
-    QStringList wrong;
-    *output << decodeTableHeader() << '\n';
-    for (const WheelKey &key : wheel.keys) {
-        const int code = decoder.decode(driver->settledPress(key));
-        *output << decodeTableRow(key, decoder, wheel.functionName(code)) << '\n';
-        if (code != key.code)
-            wrong.append(key.name);
-    }
-    return wrong.isEmpty() ? QString() : "not decoded as their own function: " + wrong.join(", ");
-}
-
-QString Script::setWriting(const QStringList &words)
-{
-    if (driver->setWriting(words.at(1)))
-        return QString();
-    return QString("there is no way of writing \"%1\"").arg(words.at(1));
+        *errors << QString("script %1: %2").arg(name, fault) << endl;
+    return fault.isEmpty() ? 0 : 1;
 }

@@ -1,50 +1,84 @@
 #include "configuration.h"
-#include "decoder.h"
 #include "driver.h"
-#include "randomwheel.h"
 #include "reading.h"
 #include "records.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
+#include <QJsonDocument>
 #include <QTextStream>
 
 #include <algorithm>
-
-// How much noise may a wheel have? Random wheels are learned by the application's own functions;
-// the stand-in's driver decodes new presses of them from the written configuration.
+#include <functional>
+#include <numeric>
 
 namespace {
 
+constexpr char description[] =
+    R"(How much noise may a wheel have? Random wheels are learned by the application's own
+functions, and new presses of every key decoded from the configuration that it writes: to
+the key itself, to another, to none. A key too close to a learned one on all channels is
+refused at learning. The rows group the wheels by their smallest spacing over the standard
+deviation of their noise; drift is up to the noise, bounce up to four times the noise.)";
+
 constexpr int readingsOfLearning = 8;
 constexpr int pressesOfKey = 4;
+constexpr int rowHeight = 2; // of spacing / noise
 
-struct Outcome
+// Presses decoded as the key itself, as another, as none, and those of a refused key.
+using Outcome = std::array<int, 4>;
+
+struct Row
 {
-    int keys = 0;
-    int refused = 0; // keys whose every reading collided with a learned key
-    int itself = 0;
-    int another = 0;
-    int none = 0;
-
-    bool isPerfect() const { return refused + another + none == 0; }
+    int wheels = 0;
+    Outcome presses{};
+    QString failingSeed; // of the first wheel with a failure
 };
 
-struct Bucket
+// The keys of a line stand on one channel, two of them or the lowest and 0 as close as `spacing`;
+// a second channel is tighter, the third is idle.
+void addLine(Wheel *wheel, int line, int count, double spacing, Chance *chance)
 {
-    double below; // smallest spacing / noise
-    int wheels;
-    Outcome sum;
-    qint64 failingSeed; // of the first wheel that is not perfect; -1 for none
-};
+    const double tightness = between(0.1, 0.6, chance);
+    const double slack = (idleValue - spacing * (count + 1)) / count;
+    const int channel = static_cast<int>(between(0, 3, chance));
+    const int closest = static_cast<int>(between(0, count, chance));
+    double place = 0;
+    for (int i = 0; i < count; ++i) {
+        place += spacing + (i == closest ? 0 : between(0, slack, chance));
+        WheelKey key;
+        key.code = 100 * line + i;
+        key.name = QString("key%1").arg(key.code);
+        key.contact = { { line, idleValue, idleValue, idleValue } };
+        key.contact[1 + channel] = qRound(place);
+        key.contact[1 + (channel + 1) % 3] = qRound(place * tightness);
+        wheel->keys.append(key);
+    }
+}
+
+Wheel randomWheel(double spacingToNoise, Chance *chance)
+{
+    Wheel wheel;
+    const int line2Count = static_cast<int>(between(2, 12, chance));
+    const int line3Count = static_cast<int>(between(2, 12, chance));
+    const double spacing = between(20, idleValue / (1.0 + qMax(line2Count, line3Count)), chance);
+    wheel.noise = spacing / spacingToNoise;
+    wheel.drift = between(0, wheel.noise, chance);
+    wheel.bounce = between(0, 4 * wheel.noise, chance);
+    addLine(&wheel, 2, line2Count, spacing, chance);
+    addLine(&wheel, 3, line3Count, spacing, chance);
+    return wheel;
+}
 
 // The samples that the application keeps of one press: none that collides, none twice.
-QMap<int, QString> samplesOf(const WheelKey &key, Press press, const QMap<int, QString> &learned)
+QMap<int, QString> samplesOf(const Wheel &wheel, const WheelKey &key,
+                             const QMap<int, QString> &learned, Chance *chance)
 {
+    const double drift = between(-wheel.drift, wheel.drift, chance);
     QMap<int, QString> samples;
     for (int i = 0; i < readingsOfLearning; ++i) {
         Reading reading;
-        parseReading(readingText(press.next()), &reading);
+        parseReading(readingText(measure(wheel, key, drift, i, chance)), &reading);
         const QString sample = sampleRecord(key.code, reading.payload);
         const bool collided =
             std::any_of(learned.begin(), learned.end(),
@@ -55,114 +89,81 @@ QMap<int, QString> samplesOf(const WheelKey &key, Press press, const QMap<int, Q
     return samples;
 }
 
-Decoder learn(const Wheel &wheel, Noise *noise)
+QMap<int, QString> learn(const Wheel &wheel, Chance *chance)
 {
     QMap<int, QString> learned;
     for (const WheelKey &key : wheel.keys) {
-        const QMap<int, QString> samples = samplesOf(key, Press(wheel, key, noise), learned);
+        const QMap<int, QString> samples = samplesOf(wheel, key, learned, chance);
         if (!samples.isEmpty())
             learned.insert(key.code, learnedRecordFrom(samples));
     }
-    return Decoder(configurationText(learned, decodingOf(selectChannel(learned, 2)),
-                                     decodingOf(selectChannel(learned, 3))));
+    return learned;
 }
 
-// Presses every key; a press of a refused key can't come out right and is not counted twice.
-Outcome pressAll(const Wheel &wheel, const Decoder &decoder, Noise *noise, QTextStream *details)
+Outcome survey(const Wheel &wheel, Chance *chance, QTextStream *details)
 {
-    Outcome outcome;
-    outcome.keys = wheel.keys.size();
+    const QMap<int, QString> learned = learn(wheel, chance);
+    const QByteArray text = configurationText(learned, decodingOf(selectChannel(learned, 2)),
+                                              decodingOf(selectChannel(learned, 3)));
+    const QJsonObject configuration = QJsonDocument::fromJson(text).object();
+    Outcome outcome{};
     for (const WheelKey &key : wheel.keys) {
         QStringList decodedAs;
         for (int i = 0; i < pressesOfKey; ++i) {
-            const int code = decoder.decode(Press(wheel, key, noise).settled());
+            const int code = decode(settledPress(wheel, key, chance), configuration);
             decodedAs.append(wheel.functionName(code));
-            if (decoder.find(key.code))
-                ++(code == key.code ? outcome.itself : code ? outcome.another : outcome.none);
+            ++outcome[!learned.contains(key.code) ? 3 : code == key.code ? 0 : code == 0 ? 2 : 1];
         }
-        outcome.refused += decoder.find(key.code) ? 0 : 1;
         if (details)
-            *details << decodeTableRow(key, decoder, decodedAs.join(' ')) << '\n';
+            *details << decodeTableRow(key, configuration, decodedAs.join(' '));
     }
     return outcome;
-}
-
-Outcome survey(const Wheel &wheel, Noise *noise, QTextStream *details)
-{
-    if (details)
-        *details << QString("%1 keys, smallest spacing / noise %2, noise %3, drift %4, bounce %5\n")
-                        .arg(wheel.keys.size())
-                        .arg(spacingToNoise(wheel), 0, 'f', 1)
-                        .arg(wheel.noise, 0, 'f', 1)
-                        .arg(wheel.drift, 0, 'f', 1)
-                        .arg(wheel.bounce, 0, 'f', 1)
-                 << decodeTableHeader() << '\n';
-    const Decoder decoder = learn(wheel, noise);
-    return pressAll(wheel, decoder, noise, details);
-}
-
-void add(Bucket *bucket, const Outcome &outcome, quint32 seed)
-{
-    ++bucket->wheels;
-    bucket->sum.keys += outcome.keys;
-    bucket->sum.refused += outcome.refused;
-    bucket->sum.itself += outcome.itself;
-    bucket->sum.another += outcome.another;
-    bucket->sum.none += outcome.none;
-    if (bucket->failingSeed == -1 && !outcome.isPerfect())
-        bucket->failingSeed = seed;
-}
-
-QString percent(int part, int whole)
-{
-    return whole == 0 ? "-" : QString::number(100.0 * part / whole, 'f', 3) + '%';
 }
 
 QString tableRow(const QStringList &cells)
 {
     QString row;
     for (const QString &cell : cells)
-        row += QString("%1").arg(cell, 11);
-    return row;
+        row += cell.rightJustified(14);
+    return row + '\n';
 }
 
-void printTable(const QVector<Bucket> &buckets, QTextStream *output)
+QString tableRow(int from, const Row &row)
 {
-    *output << tableRow(
-        { "spacing", "wheels", "itself", "another", "none", "keys", "refused at", "seed of a" })
-            << '\n'
-            << tableRow({ "/ noise", "", "", "", "", "", "learning", "failure" }) << '\n';
-    for (const Bucket &bucket : buckets) {
-        const Outcome &sum = bucket.sum;
-        const int presses = sum.itself + sum.another + sum.none;
-        *output << tableRow(
-            { QString("below %1").arg(bucket.below), QString::number(bucket.wheels),
-              percent(sum.itself, presses), percent(sum.another, presses),
-              percent(sum.none, presses), QString::number(sum.keys), percent(sum.refused, sum.keys),
-              bucket.failingSeed == -1 ? "-" : QString::number(bucket.failingSeed) })
-                << '\n';
-    }
+    QStringList cells = { QString("%1 to %2").arg(from).arg(from + rowHeight),
+                          QString::number(row.wheels) };
+    const int all = std::accumulate(row.presses.begin(), row.presses.end(), 0);
+    for (const int part : row.presses)
+        cells.append(QString("%1%").arg(100.0 * part / all, 0, 'f', 3));
+    return tableRow(cells << row.failingSeed);
 }
 
 void surveyWheels(quint32 firstSeed, int count, bool listFailures, QTextStream *output)
 {
-    QVector<Bucket> buckets;
-    for (const double below : { 2, 4, 6, 8, 10, 12, 16, 20, 25, 31 })
-        buckets.append({ below, 0, Outcome(), -1 });
+    QMap<int, Row> rows;
+    if (count == 1)
+        *output << decodeTableHeader;
     for (int i = 0; i < count; ++i) {
         const quint32 seed = firstSeed + static_cast<quint32>(i);
-        Noise noise(seed);
-        const Wheel wheel = randomWheel(&noise);
-        const Outcome outcome = survey(wheel, &noise, count == 1 ? output : nullptr);
-        const double ratio = spacingToNoise(wheel);
-        add(std::find_if(buckets.begin(), buckets.end() - 1,
-                         [ratio](const Bucket &each) { return ratio < each.below; }),
-            outcome, seed);
-        if (listFailures && !outcome.isPerfect())
-            *output << "failure: --seed " << seed << " --wheels 1\n";
+        Chance chance(seed);
+        const double spacingToNoise = between(1, 30, &chance);
+        const Wheel wheel = randomWheel(spacingToNoise, &chance);
+        const Outcome outcome = survey(wheel, &chance, count == 1 ? output : nullptr);
+        Row &row = rows[static_cast<int>(spacingToNoise) / rowHeight * rowHeight];
+        ++row.wheels;
+        std::transform(outcome.begin(), outcome.end(), row.presses.begin(), row.presses.begin(),
+                       std::plus<>());
+        if (outcome[0] == pressesOfKey * wheel.keys.size())
+            continue;
+        if (row.failingSeed.isEmpty())
+            row.failingSeed = QString::number(seed);
+        if (listFailures)
+            *output << "failure: --wheels 1 --seed " << seed << '\n';
     }
-    if (count > 1)
-        printTable(buckets, output);
+    *output << tableRow(
+        { "spacing/noise", "wheels", "itself", "another", "none", "refused", "failing seed" });
+    for (auto row = rows.begin(); row != rows.end(); ++row)
+        *output << tableRow(row.key(), row.value());
 }
 
 } // namespace
@@ -170,34 +171,25 @@ void surveyWheels(quint32 firstSeed, int count, bool listFailures, QTextStream *
 int main(int argc, char **argv)
 {
     QCoreApplication application(argc, argv);
-    const QCommandLineOption seedOption("seed", "Seed of the first wheel (default: 1).", "number",
-                                        "1");
-    const QCommandLineOption wheelsOption("wheels",
-                                          "How many wheels, each with the next seed (default: "
-                                          "10000). 1 shows the wheel's keys.",
-                                          "number", "10000");
-    const QCommandLineOption failuresOption("failures", "Also list the seed of every failure.");
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        "Learns random wheels with the application's own functions and decodes new presses of\n"
-        "every key from the configuration: to the key itself, to another, to none. The wheels\n"
-        "are grouped by their smallest spacing over the standard deviation of their noise.\n"
-        "Drift is up to the noise, bounce up to four times the noise. A key too close to a\n"
-        "learned one on all channels is refused at learning, however small the noise is.");
+    parser.setApplicationDescription(description);
     parser.addHelpOption();
-    for (const QCommandLineOption &option : { seedOption, wheelsOption, failuresOption })
-        parser.addOption(option);
+    parser.addOption({ "seed", "Seed of the first wheel (default: 1).", "number", "1" });
+    parser.addOption({ "wheels",
+                       "How many wheels, each with the next seed (default: 10000). 1 shows the "
+                       "wheel's keys.",
+                       "number", "10000" });
+    parser.addOption({ "failures", "Also list the seed of every failure." });
     parser.process(application);
 
     bool seedGood = false;
-    bool wheelsGood = false;
-    const quint32 seed = parser.value(seedOption).toUInt(&seedGood);
-    const int wheels = parser.value(wheelsOption).toInt(&wheelsGood);
-    if (!seedGood || !wheelsGood || wheels < 1 || !parser.positionalArguments().isEmpty()) {
-        QTextStream(stderr) << "swc-survey: --seed and --wheels want whole numbers, see --help\n";
+    const quint32 seed = parser.value("seed").toUInt(&seedGood);
+    const int wheels = parser.value("wheels").toInt();
+    if (!seedGood || wheels < 1 || !parser.positionalArguments().isEmpty()) {
+        QTextStream(stderr) << "--seed and --wheels want whole numbers, see --help\n";
         return 1;
     }
     QTextStream output(stdout);
-    surveyWheels(seed, wheels, parser.isSet(failuresOption), &output);
+    surveyWheels(seed, wheels, parser.isSet("failures"), &output);
     return 0;
 }

@@ -1,72 +1,113 @@
 #include "wheel.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRegExp>
+
 #include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int settledNumber = 16; // each reading bounces half as much
+
+// Gives what the key needs, else nothing.
+QString readKey(const QJsonObject &object, const Wheel &wheel, WheelKey *key)
+{
+    const QJsonArray values = object.value("adc").toArray();
+    key->name = object.value("name").toString();
+    key->label = object.value("label").toString(key->name);
+    key->code = object.value("code").toInt();
+    key->contact = { { object.value("line").toInt(), values.at(0).toInt(-1), values.at(1).toInt(-1),
+                       values.at(2).toInt(-1) } };
+    const auto range = std::minmax_element(key->contact.begin() + 1, key->contact.end());
+    if (!QRegExp("\\S+").exactMatch(key->name) || wheel.find(key->name))
+        return R"("name", one word that no other key has)";
+    if (key->code < 1)
+        return R"("code", a whole number above 0)";
+    if (key->contact[0] != 2 && key->contact[0] != 3)
+        return R"("line", 2 or 3)";
+    if (values.size() != 3 || *range.first < 0 || *range.second > idleValue)
+        return R"("adc", three whole numbers from 0 to 4094)";
+    return QString();
+}
+
+// Gives what is wrong and its place, else nothing.
+QString readWheel(const QByteArray &text, Wheel *wheel, int *offset)
+{
+    QJsonParseError error;
+    const QJsonObject object = QJsonDocument::fromJson(text, &error).object();
+    *offset = error.offset;
+    if (error.error != QJsonParseError::NoError)
+        return error.errorString();
+
+    *offset = text.indexOf('{');
+    wheel->noise = object.value("noise").toDouble(-1);
+    wheel->drift = object.value("drift").toDouble(-1);
+    wheel->bounce = object.value("bounce").toDouble(-1);
+    if (std::min({ wheel->noise, wheel->drift, wheel->bounce }) < 0)
+        return R"(a wheel needs "noise", "drift" and "bounce", numbers from 0)";
+    for (const QJsonValue element : object.value("keys").toArray()) {
+        *offset = text.indexOf('{', *offset + 1); // a key has no objects in it
+        WheelKey key;
+        const QString need = readKey(element.toObject(), *wheel, &key);
+        if (!need.isEmpty())
+            return QString(R"(key "%1" needs %2)").arg(key.name, need);
+        wheel->keys.append(key);
+    }
+    return wheel->keys.isEmpty() ? R"(a wheel needs "keys")" : QString();
+}
+
+} // namespace
+
+QString parseWheel(const QByteArray &text, Wheel *wheel)
+{
+    int offset = 0;
+    const QString fault = readWheel(text, wheel, &offset);
+    const int line = 1 + text.left(qMax(0, offset)).count('\n');
+    return fault.isEmpty() ? QString() : QString("line %1: %2").arg(line).arg(fault);
+}
 
 const WheelKey *Wheel::find(const QString &name) const
 {
-    const auto *const key = std::find_if(
-        keys.begin(), keys.end(), [&name](const WheelKey &each) { return each.name == name; });
-    return key == keys.end() ? nullptr : key;
+    for (const WheelKey &key : keys) {
+        if (key.name == name)
+            return &key;
+    }
+    return nullptr;
 }
 
 QString Wheel::functionName(int code) const
 {
-    if (code == 0)
-        return "none";
-    const auto *const key = std::find_if(
-        keys.begin(), keys.end(), [code](const WheelKey &each) { return each.code == code; });
-    return key == keys.end() ? QString::number(code) : key->name;
+    for (const WheelKey &key : keys) {
+        if (key.code == code)
+            return key.name;
+    }
+    return code == 0 ? "none" : QString::number(code);
 }
 
-double Noise::uniform(double from, double to)
+double between(double from, double to, Chance *chance)
 {
-    constexpr double engineRange = 4294967296.0;
-    return from + (to - from) * (static_cast<double>(engine()) / engineRange);
+    return std::uniform_real_distribution<double>(from, to)(*chance);
 }
 
-// The sum of twelve uniform numbers has the variance 1.
-double Noise::normal()
+Measurement measure(const Wheel &wheel, const WheelKey &key, double drift, int number,
+                    Chance *chance)
 {
-    double sum = 0;
-    for (int i = 0; i < 12; ++i)
-        sum += uniform(0, 1);
-    return sum - 6;
-}
-
-Press::Press(const Wheel &wheel, const WheelKey &key, Noise *noise)
-    : wheel(wheel),
-      contact(key.contact),
-      noise(noise),
-      drift(noise->uniform(-wheel.drift, wheel.drift)),
-      bounce(wheel.bounce)
-{
-}
-
-Measurement Press::next()
-{
-    const double offset = drift + noise->uniform(0, bounce);
-    bounce /= 2;
-    Measurement measurement = contact;
-    for (int &value : measurement.adc)
-        value = valueOf(value, offset);
+    std::normal_distribution<double> deviation;
+    const double offset = drift + between(0, std::ldexp(wheel.bounce, -number), chance);
+    Measurement measurement = key.contact;
+    for (int channel = 1; channel <= 3; ++channel) {
+        const double value = key.contact[channel] + offset + wheel.noise * deviation(*chance);
+        if (key.contact[channel] != idleValue)
+            measurement[channel] = qBound(0, qRound(value), idleValue);
+    }
     return measurement;
 }
 
-Measurement Press::settled()
+Measurement settledPress(const Wheel &wheel, const WheelKey &key, Chance *chance)
 {
-    while (bounce >= 1)
-        next();
-    return next();
-}
-
-Measurement Press::released() const
-{
-    return { contact.line, { { releasedValue, releasedValue, releasedValue } } };
-}
-
-int Press::valueOf(int contact, double offset)
-{
-    if (contact == idleValue)
-        return idleValue;
-    return qBound(0, qRound(contact + offset + wheel.noise * noise->normal()), idleValue);
+    const double drift = between(-wheel.drift, wheel.drift, chance);
+    return measure(wheel, key, drift, settledNumber, chance);
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QByteArray>
 #include <QString>
 #include <QVector>
 
@@ -10,21 +9,17 @@
 // Physical keys on two resistor ladders, and what a converter measures while one is pressed.
 
 constexpr int idleValue = 4094; // a channel that a key leaves alone; the largest value of a sample
-constexpr int releasedValue = 4095; // all three channels, when no key is pressed
+constexpr int releasedValue = 4095; // all channels, when no key is pressed
 
-// Three converter values on one key line, 2 or 3.
-struct Measurement
-{
-    int line = 0;
-    std::array<int, 3> adc{};
-};
+// The key line, 2 or 3, and the values of the channels 1 to 3.
+using Measurement = std::array<int, 4>;
 
 struct WheelKey
 {
     QString name;
     QString label; // short, for the pad
     int code = 0; // the function that the key stands for
-    Measurement contact; // free of noise
+    Measurement contact{}; // free of noise
 };
 
 struct Wheel
@@ -38,40 +33,15 @@ struct Wheel
     QString functionName(int code) const; // "none" for 0
 };
 
-// Gives false and one line for the user, with the number of the file's line, where it is no wheel.
-bool parseWheel(const QByteArray &text, Wheel *wheel, QString *fault);
+// Gives what is wrong and the number of its line, else nothing.
+QString parseWheel(const QByteArray &text, Wheel *wheel);
 
-QByteArray builtInWheel();
+using Chance = std::mt19937;
+double between(double from, double to, Chance *chance);
 
-// Chance from a seed. The standard's distributions differ between libraries; these do not.
-class Noise
-{
-public:
-    explicit Noise(quint32 seed) : engine(seed) { }
+// The reading of that number, from 0, in a press that is off by `drift`.
+Measurement measure(const Wheel &wheel, const WheelKey &key, double drift, int number,
+                    Chance *chance);
 
-    double uniform(double from, double to);
-    double normal(); // mean 0, standard deviation 1, never beyond 6
-
-private:
-    std::mt19937 engine;
-};
-
-// One press of a key; `wheel` and `noise` outlive it.
-class Press
-{
-public:
-    Press(const Wheel &wheel, const WheelKey &key, Noise *noise);
-
-    Measurement next();
-    Measurement settled(); // the next one after the contact has stopped bouncing
-    Measurement released() const;
-
-private:
-    int valueOf(int contact, double offset);
-
-    const Wheel &wheel;
-    Measurement contact;
-    Noise *noise;
-    double drift;
-    double bounce;
-};
+// A reading of a new press, once the contact has stopped bouncing.
+Measurement settledPress(const Wheel &wheel, const WheelKey &key, Chance *chance);

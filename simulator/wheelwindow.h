@@ -1,32 +1,7 @@
 #pragma once
 
-#include "driver.h"
-#include "wheelpicture.h"
+class Driver;
 
-#include <QWidget>
-
-// The wheel with its keys to press and hold, and what the driver's files hold.
-class WheelWindow : public QWidget
-{
-    Q_OBJECT
-
-public:
-    WheelWindow(Driver *driver, const Wheel &wheel);
-
-protected:
-    void paintEvent(QPaintEvent *event) override;
-    void mousePressEvent(QMouseEvent *event) override;
-    void mouseReleaseEvent(QMouseEvent *event) override;
-
-private slots:
-    void onWrote(const QString &reading, int decodedCode);
-    void onFailed(const QString &fault);
-    void readFlag();
-
-private:
-    Driver *driver;
-    const Wheel wheel;
-    WheelPicture picture;
-    WheelState state;
-    QTimer flagTimer;
-};
+// A wheel drawn to look like one, its keys to press and hold, and what the driver's files hold.
+// Gives the exit status once it is closed.
+int showWheel(Driver *driver);

@@ -1,27 +1,39 @@
 #include "script.h"
 
+#include "catalogue.h"
+
 #include <QDir>
-#include <QSignalSpy>
+#include <QFile>
 #include <QTemporaryDir>
-#include <QTemporaryFile>
 #include <QTest>
 #include <QTextStream>
 
 namespace {
 
-constexpr char configuration[] =
-    "{ \"direction0\": ["
-    "{ \"adc\": [1000, 500, 4094], \"direction_event\": 153, \"interval\": 600, \"road\": 1 },"
-    "{ \"adc\": [2000, 600, 4094], \"direction_event\": 154, \"interval\": 600, \"road\": 1 } ],"
-    "\"direction1\": ["
-    "{ \"adc\": [9, 700, 4094], \"direction_event\": 314, \"interval\": 50, \"road\": 2 } ] }";
+constexpr char wheelText[] = R"({
+"noise": 0, "drift": 0,
+"bounce": 0, "keys": [
+{ "name": "up", "code": 153, "line": 2,
+"adc": [1000, 500, 4094] },
+{ "name": "down", "code": 154, "line": 2,
+"adc": [2000, 600, 4094] } ] })";
 
-Wheel twoKeys()
+constexpr char configuration[] = R"({ "direction0": [
+{ "adc": [1000, 500, 4094], "direction_event": 153, "interval": 600, "road": 1 },
+{ "adc": [2000, 600, 4094], "direction_event": 154, "interval": 600, "road": 1 } ],
+"direction1": [
+{ "adc": [9, 700, 4094], "direction_event": 314, "interval": 50, "road": 2 } ] })";
+
+void put(const char *name, const QByteArray &content)
 {
-    Wheel wheel;
-    wheel.keys = { { "up", "UP", 153, { 2, { { 1000, 500, 4094 } } } },
-                   { "down", "DOWN", 154, { 2, { { 2000, 600, 4094 } } } } };
-    return wheel;
+    QFile file(name);
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+}
+
+QByteArray contentOf(const QString &name)
+{
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
 }
 
 } // namespace
@@ -33,159 +45,154 @@ class TestSimulator : public QObject
 private slots:
     void init();
 
-    void waysOfWriting_data();
+    void builtInWheelHasTheKeysOfTheCatalogue();
+    void badWheelIsToldWithItsLine_data();
+    void badWheelIsToldWithItsLine();
+    void decodesTheNearestWithinTheInterval();
     void waysOfWriting();
-    void decodes_data();
-    void decodes();
     void heldKeyIsDecodedOutsideLearningOnly();
     void scripts_data();
     void scripts();
 
 private:
-    void put(const char *name, const QByteArray &content);
-    QByteArray contentOf(const char *name);
-
     QScopedPointer<QTemporaryDir> root;
-    DriverOptions options;
+    QScopedPointer<Driver> driver;
 };
 
+// Every test runs in the driver's folder.
 void TestSimulator::init()
 {
     root.reset(new QTemporaryDir);
     QVERIFY(QDir(root->path()).mkpath("media/flash/nvm"));
-    options = DriverOptions();
-    options.root = root->path();
-    options.rate = 100;
+    QVERIFY(QDir::setCurrent(root->path() + "/media/flash/nvm"));
+    put("direction.json", configuration);
+    put("swc_flags", "0");
+    put("swc_keys", "16:2,4095,4095,4095");
+    Wheel wheel;
+    QCOMPARE(parseWheel(wheelText, &wheel), QString());
+    driver.reset(new Driver(wheel, root->path(), 100, 1));
 }
 
-void TestSimulator::put(const char *name, const QByteArray &content)
+void TestSimulator::builtInWheelHasTheKeysOfTheCatalogue()
 {
-    QFile file(root->path() + "/media/flash/nvm/" + name);
-    file.open(QIODevice::WriteOnly);
-    file.write(content);
+    QFile file(":/img/btListInfo.txt");
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const Catalogue catalogue = readCatalogue(file);
+    Wheel wheel;
+    QCOMPARE(parseWheel(contentOf(":/wheel.json"), &wheel), QString());
+    QCOMPARE(wheel.keys.size(), catalogue.codes.size());
+    for (int i = 0; i < catalogue.codes.size(); ++i)
+        QCOMPARE(wheel.functionName(catalogue.codes.at(i)), catalogue.names.at(i));
 }
 
-QByteArray TestSimulator::contentOf(const char *name)
+void TestSimulator::badWheelIsToldWithItsLine_data()
 {
-    QFile file(root->path() + "/media/flash/nvm/" + name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+    QTest::addColumn<QString>("from");
+    QTest::addColumn<QString>("to");
+    QTest::addColumn<QString>("fault");
+    const auto row = [](const char *name, const char *from, const char *to, const char *fault) {
+        QTest::newRow(name) << from << to << fault;
+    };
+    row("no colon", R"("bounce":)", R"("bounce")", "line 3: ");
+    row("a negative drift", R"("drift": 0)", R"("drift": -1)", "line 1: a wheel needs \"noise\"");
+    row("no keys", R"("keys")", R"("key")", "line 1: a wheel needs \"keys\"");
+    row("one name twice", "down", "up", "line 6: key \"up\" needs \"name\"");
+    row("another line", "2,\n\"adc\": [2", "4,\n\"adc\": [2",
+        "line 6: key \"down\" needs \"line\"");
+    row("a broken code", "153", "15.3", "line 4: key \"up\" needs \"code\"");
+    row("a value of a release", "2000", "4095", "line 6: key \"down\" needs \"adc\"");
 }
 
-void TestSimulator::waysOfWriting_data()
+void TestSimulator::badWheelIsToldWithItsLine()
 {
-    QTest::addColumn<QByteArray>("left");
-    QTest::addColumn<bool>("inPlace");
-    QTest::newRow("truncate") << QByteArray() << true;
-    QTest::newRow("overwrite") << QByteArray("94") << true;
-    QTest::newRow("rename") << QByteArray() << false;
+    QFETCH(QString, from);
+    QFETCH(QString, to);
+    QFETCH(QString, fault);
+    Wheel wheel;
+    const QString told = parseWheel(QString(wheelText).replace(from, to).toUtf8(), &wheel);
+    QCOMPARE(told.left(fault.size()), fault);
+}
+
+void TestSimulator::decodesTheNearestWithinTheInterval()
+{
+    const auto code = [this](int line, int first, int second) {
+        return decode({ { line, first, second, 4094 } }, driver->configuration());
+    };
+    QCOMPARE(code(2, 400, 500), 153); // at an end of the interval, then one step beyond
+    QCOMPARE(code(2, 399, 500), 0);
+    QCOMPARE(code(2, 2600, 500), 154);
+    QCOMPARE(code(2, 2601, 500), 0);
+    QCOMPARE(code(2, 1499, 600), 153); // between two, each time nearer to one on its road
+    QCOMPARE(code(2, 1501, 500), 154);
+    QCOMPARE(code(3, 1000, 500), 0); // the other line has its own keys and road
+    QCOMPARE(code(3, 1000, 750), 314);
 }
 
 // A reader that holds the file open shows whether it is still the same one.
 void TestSimulator::waysOfWriting()
 {
-    QFETCH(QByteArray, left);
-    QFETCH(bool, inPlace);
-    put("swc_keys", "16:2,1000,4094,4094");
-    QFile reader(root->path() + "/media/flash/nvm/swc_keys");
-    QVERIFY(reader.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
-    Driver driver(twoKeys(), options);
-    QVERIFY(driver.setWriting(QTest::currentDataTag()));
-    QVERIFY(driver.write("14:2,90,4094,4094"));
-    QCOMPARE(contentOf("swc_keys"), "14:2,90,4094,4094" + left);
-    QCOMPARE(reader.readAll().startsWith("14:"), inPlace);
-    QCOMPARE(QDir(root->path() + "/media/flash/nvm").entryList(QDir::Files),
-             QStringList("swc_keys"));
-}
-
-void TestSimulator::decodes_data()
-{
-    QTest::addColumn<int>("line");
-    QTest::addColumn<int>("first");
-    QTest::addColumn<int>("second");
-    QTest::addColumn<int>("code");
-    QTest::newRow("the learned value") << 2 << 1000 << 500 << 153;
-    QTest::newRow("the interval's lower end") << 2 << 400 << 500 << 153;
-    QTest::newRow("one step below the interval") << 2 << 399 << 500 << 0;
-    QTest::newRow("the interval's upper end") << 2 << 2600 << 500 << 154;
-    QTest::newRow("one step above the interval") << 2 << 2601 << 500 << 0;
-    QTest::newRow("the first of two is nearer") << 2 << 1499 << 600 << 153;
-    QTest::newRow("the second of two is nearer") << 2 << 1501 << 500 << 154;
-    QTest::newRow("the other line has its own keys") << 3 << 1000 << 500 << 0;
-    QTest::newRow("the other line has its own road") << 3 << 1000 << 750 << 314;
-}
-
-void TestSimulator::decodes()
-{
-    QFETCH(int, line);
-    QFETCH(int, first);
-    QFETCH(int, second);
-    const Measurement measurement = { line, { { first, second, 4094 } } };
-    QTEST(Decoder(configuration).decode(measurement), "code");
+    for (const QString &way : QStringList({ "truncate", "overwrite", "rename" })) {
+        QFile reader("swc_keys");
+        QVERIFY(reader.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
+        driver->writing = way;
+        driver->hold(driver->wheel.keys.at(1));
+        QCOMPARE(contentOf("swc_keys"),
+                 QByteArray("15:2,2000,600,4094") + (way == "overwrite" ? "5" : ""));
+        QCOMPARE(reader.readAll().startsWith("15:"), way != "rename");
+        driver->release();
+        QCOMPARE(contentOf("swc_keys"), QByteArray("16:2,4095,4095,4095"));
+    }
+    QCOMPARE(QDir().entryList(QDir::Files).size(), 3);
 }
 
 void TestSimulator::heldKeyIsDecodedOutsideLearningOnly()
 {
-    const Wheel wheel = twoKeys();
-    Driver driver(wheel, options);
-    QCOMPARE(driver.start(), QString());
-    QCOMPARE(contentOf("swc_flags"), QByteArray("0"));
-    put("direction.json", configuration);
-    QSignalSpy wrote(&driver, SIGNAL(wrote(QString, int)));
     for (const char *flag : { "1", "11", "0" }) {
         put("swc_flags", flag);
-        wrote.clear();
-        driver.hold(wheel.keys.at(1));
-        QTRY_VERIFY(wrote.count() >= 3);
-        QCOMPARE(wrote.last().first().toString(), QString("15:2,2000,600,4094"));
-        QCOMPARE(wrote.last().last().toInt(), QByteArray(flag) == "0" ? 154 : 0);
-        driver.release();
-        QCOMPARE(contentOf("swc_keys"), QByteArray("16:2,4095,4095,4095"));
+        driver->hold(driver->wheel.keys.at(1));
+        put("swc_keys", "");
+        QCOMPARE(execute("wait 20ms", driver.data(), nullptr), QString());
+        QCOMPARE(contentOf("swc_keys"), QByteArray("15:2,2000,600,4094"));
+        QCOMPARE(driver->function(), QString(QByteArray(flag) == "0" ? "down" : ""));
+        driver->release();
     }
 }
 
 void TestSimulator::scripts_data()
 {
-    QTest::addColumn<QByteArray>("lines");
+    QTest::addColumn<QString>("lines");
+    QTest::addColumn<int>("done");
     QTest::addColumn<QString>("fault");
-    const auto row = [](const char *name, const char *lines, const char *fault) {
-        QTest::newRow(name) << QByteArray(lines) << QString(fault);
+    const auto row = [](const char *name, const char *lines, int done, const char *fault) {
+        QTest::newRow(name) << lines << done << fault;
     };
     row("every command",
         "# all\n\npress up 20ms\nwrite rename\nhold down\nwait 20ms\nrelease\n"
         "flag 0 1s\ndecode up\ndecode all",
-        "");
-    row("an unknown command", "\npush up\n", "line 2: there is no command \"push\"");
-    row("a word too many", "wait 1ms\nrelease up", "line 2: the command is: release");
-    row("an unknown key", "press left", "line 1: no key of the wheel is named \"left\"");
-    row("a time without unit", "wait 20", "line 1: \"20\" is no time");
-    row("a release of nothing", "release", "line 1: no key is held");
-    row("a second held key", "hold up\nhold down", "line 2: a key is held already");
-    row("another flag", "flag 11 1ms", "line 1: the flag is \"0\" after 1ms, not \"11\"");
-    row("another function", "decode up down", "line 1: up is decoded as up, not as down");
+        10, "");
+    row("an unknown command", "hold up\npush up\n", 1, "line 2: there is no command \"push\"");
+    row("a word too many", "wait 1ms\nrelease up", 1, "line 2: \"up\" does not fit: release");
+    row("an unknown key", "press KEY", 0, "line 1: \"KEY\" does not fit: press KEY");
+    row("a time without unit", "wait 20", 0, "line 1: \"20\" does not fit: wait TIME");
+    row("another flag", "flag 11 1ms", 0, "line 1: the flag is \"0\" after 1ms, not \"11\"");
+    row("another function", "decode up down", 0, "line 1: up is decoded as up");
 }
 
+// The last line needs no line end, and no key stays held.
 void TestSimulator::scripts()
 {
-    QFETCH(QByteArray, lines);
+    QFETCH(QString, lines);
     QFETCH(QString, fault);
-    const Wheel wheel = twoKeys();
-    Driver driver(wheel, options);
-    QCOMPARE(driver.start(), QString());
-    put("direction.json", configuration);
-    QTemporaryFile file;
-    QVERIFY(file.open());
-    file.write(lines);
-    file.seek(0);
-
+    put("script", lines.toUtf8());
     QString answers;
-    QTextStream output(&answers);
-    const QString told = Script(&driver, wheel, &output).run(file.handle());
-    output.flush();
-    QVERIFY2(fault.isEmpty() ? told.isEmpty() : told.startsWith(fault), qPrintable(told));
-    const int failingLine = told.section(' ', 1, 1).section(':', 0, 0).toInt();
-    const int done = fault.isEmpty() ? lines.count('\n') + 1 : failingLine - 1;
-    QCOMPARE(answers.count("ok\n"), done);
-    QVERIFY(!driver.isHeld());
+    QString told;
+    QTextStream answerStream(&answers);
+    QTextStream faultStream(&told);
+    QCOMPARE(runScript("script", driver.data(), &answerStream, &faultStream),
+             fault.isEmpty() ? 0 : 1);
+    QTEST(answers.count("ok\n"), "done");
+    QCOMPARE(told.mid(QString("script script: ").size(), fault.size()), fault);
+    QVERIFY(!driver->held());
 }
 
 QTEST_GUILESS_MAIN(TestSimulator)
