@@ -6,6 +6,7 @@ unit_packages=(iproute2 dpkg-dev file) # to package the program, and to run it b
 arm_packages=(g++-arm-linux-gnueabihf qemu-user)
 check_packages=(clang-format clang-tidy librsvg2-bin optipng)
 robustness_packages=(clang-14 libclang-rt-14-dev strace valgrind)
+bench_packages=(strace valgrind)
 
 # Installs what is missing; one message and the end of the command where that fails.
 require_packages() {

@@ -23,8 +23,9 @@ bool KeyMainWindow::isChuanKey(QString &sample)
         qDebug("[swc_print][%s][mapSwcKeys' size is empty]", __func__);
         return false;
     }
+    const RecordFields fields(sample);
     for (const QString &learned : mapSwcKeys) {
-        if (collides(sample, learned))
+        if (collides(fields, learned))
             return true;
     }
     return false;

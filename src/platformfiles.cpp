@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -32,6 +33,12 @@ QByteArray readFile(const QString &path)
     for (QByteArray part = file.read(readAtOnce); !part.isEmpty(); part = file.read(readAtOnce))
         content += part;
     return content;
+}
+
+quint64 fileNumber(const QString &path)
+{
+    struct stat status;
+    return stat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_ino : 0;
 }
 
 void writeFile(const QString &path, const QByteArray &content)

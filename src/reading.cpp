@@ -1,5 +1,7 @@
 #include "reading.h"
 
+#include "records.h"
+
 #include <QStringList>
 
 #include <algorithm>
@@ -17,13 +19,13 @@ ReadingFault parseReading(const QString &text, Reading *reading)
 
     const QStringList parts = text.split(':');
     const QString payload = parts.at(1).left(parts.at(0).toInt()); // a negative count takes all
-    const QStringList fields = payload.split(',');
+    const RecordFields fields(payload);
     if (fields.size() < 4)
         return ReadingFault::TooFewFields;
 
     reading->payload = payload;
-    reading->keyLine = fields.at(0).toInt();
-    reading->adc = { fields.at(1).toInt(), fields.at(2).toInt(), fields.at(3).toInt() };
+    reading->keyLine = fields.at(0);
+    reading->adc = { fields.at(1), fields.at(2), fields.at(3) };
     return ReadingFault::None;
 }
 

@@ -2,7 +2,7 @@
 
 #include <QMap>
 #include <QString>
-#include <QVector>
+#include <QVarLengthArray>
 
 // Comma-separated records. A sample record is "code,keyLine,adc,adc,adc[,more]", a learned record
 // "keyLine,adc,adc,adc". One from the configuration file may have fewer fields or more.
@@ -14,13 +14,13 @@ constexpr int learnedRecordFields = 1 + channelCount;
 class RecordFields
 {
 public:
-    explicit RecordFields(const QString &record);
+    RecordFields(const QString &record);
 
     int size() const { return values.size(); }
     int at(int index) const { return values.value(index); }
 
 private:
-    QVector<int> values;
+    QVarLengthArray<int, 8> values;
 };
 
 QString sampleRecord(int code, const QString &payload);
@@ -28,7 +28,7 @@ QString learnedRecord(int keyLine, int adc1, int adc2, int adc3);
 
 // True if both are on one key line and no converter value differs by more than 60. A record that
 // lacks a field collides with nothing.
-bool collides(const QString &sample, const QString &learned);
+bool collides(const RecordFields &sample, const RecordFields &learned);
 
 // The key code under which a sample was collected.
 int keyCodeOf(const QString &sample);
