@@ -15,23 +15,6 @@ int roundedMean(qint64 sum, int count)
     return rounded < static_cast<float>(highest) ? static_cast<int>(rounded) : highest;
 }
 
-// As QStringRef::toInt(), which takes many times as long for the few digits that fields have. A
-// sample is compared with the fields of every learned key.
-int intOf(const QStringRef &field)
-{
-    constexpr int digitsThatFit = 9;
-    if (field.size() > digitsThatFit)
-        return field.toInt();
-    int value = 0;
-    for (int i = 0; i < field.size(); ++i) {
-        const int digit = field.at(i).unicode() - '0';
-        if (digit < 0 || digit > 9)
-            return field.toInt();
-        value = 10 * value + digit;
-    }
-    return value;
-}
-
 } // namespace
 
 RecordFields::RecordFields(const QString &record)
@@ -39,7 +22,7 @@ RecordFields::RecordFields(const QString &record)
     for (int begin = 0; begin <= record.size();) {
         const int comma = record.indexOf(',', begin);
         const int end = comma < 0 ? record.size() : comma;
-        values.append(intOf(QStringRef(&record, begin, end - begin)));
+        values.append(record.midRef(begin, end - begin).toInt());
         begin = end + 1;
     }
 }
