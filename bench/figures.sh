@@ -69,6 +69,10 @@ median_of() {
 profile() {
     in_unit valgrind --tool=callgrind --toggle-collect="$1" \
         --callgrind-out-file="$scratch/$1.$2.callgrind" "$build/bin/answer" "$2" $samples "${3:-0}"
+    [ "$(instructions_of "$1" "$2")" -gt 0 ] || {
+        echo "The profile does not know $1()" >&2
+        exit 1
+    }
 }
 
 instructions_of() {
