@@ -80,7 +80,7 @@ void build(QWidget *window)
     QLabel *instructions =
         addLabel(window,
                  "1. Tap a button below. It turns from gray to blue.\n"
-                 "2. Press and release its key on the steering wheel. The button turns green.\n"
+                 "2. Press and release its key on the wheel. The button turns green.\n"
                  "3. Repeat steps 1 and 2 for every key that you need.\n"
                  "4. Tap the button with the green tick to save and exit.",
                  "background-color:rgb(0, 0, 0);font-size:20px;color:white;font:normal",

@@ -15,7 +15,7 @@
 4. Finally, click the green tick key to save and exit.</source>
         <translatorcomment>Four lines: five do not fit their place on 800 x 480, nor does a literal translation.</translatorcomment>
         <translation>1. Tap a button below. It turns from gray to blue.
-2. Press and release its key on the steering wheel. The button turns green.
+2. Press and release its key on the wheel. The button turns green.
 3. Repeat steps 1 and 2 for every key that you need.
 4. Tap the button with the green tick to save and exit.</translation>
     </message>
