@@ -38,9 +38,17 @@ driver() {
     exit 1
 }
 
+# A machine that stands still for seconds lets the selection time out; a person would try again.
 teach() {
-    tap "$1"
-    await_colour "$1" blue
-    driver press "$1" 400ms
-    await_colour "$1" green
+    local attempt
+    for attempt in 1 2 3; do
+        tap "$1"
+        await_colour "$1" blue
+        driver press "$1" 400ms
+        if (await_colour "$1" green); then
+            return
+        fi
+        echo "$1 was not learned at attempt $attempt" >&2
+    done
+    exit 1
 }

@@ -7,7 +7,6 @@
 #include "records.h"
 
 #include <QDebug>
-#include <QFile>
 #include <QFileSystemWatcher>
 #include <QPushButton>
 
@@ -16,12 +15,10 @@ namespace {
 // Where a new file was renamed over the old one, the watch stays with the old one, and goes when
 // nobody holds that any more. Following it before reading leaves no gap. A new watch costs as much
 // as half a sample and wakes the program once more, so the same file is not watched again.
-void followFile(QFileSystemWatcher *watcher, const QString &path)
+void followFile(QFileSystemWatcher *watcher, const QString &path, quint64 number)
 {
     constexpr char watchedNumber[] = "watchedNumber";
-    const quint64 number = fileNumber(path);
-    if (number != 0 && watcher->property(watchedNumber).toULongLong() == number
-        && watcher->files().contains(path))
+    if (watcher->property(watchedNumber).toULongLong() == number && watcher->files().contains(path))
         return;
     watcher->removePath(path);
     watcher->addPath(path);
@@ -65,10 +62,11 @@ void KeyMainWindow::onFileChange(QString path)
 
 bool KeyMainWindow::takeReading(const QString &path, Reading *reading)
 {
-    if (!QFile::exists(path))
+    const quint64 number = fileNumber(path);
+    if (number == 0)
         return false;
     if (fileWatcher && sender() == fileWatcher)
-        followFile(fileWatcher, path);
+        followFile(fileWatcher, path, number);
 
     const QByteArray bytes = readFile(path);
     const QString text = QString::fromUtf8(bytes.constData()); // ends at a NUL byte

@@ -9,7 +9,7 @@
 // The whole file in text mode; empty where it can't be read.
 QByteArray readFile(const QString &path);
 
-// What tells a file from one renamed over it; 0 where it is not known.
+// What tells a file from one renamed over it; 0 where there is no file.
 quint64 fileNumber(const QString &path);
 
 // Replaces the content in place; nothing happens where the file can't be opened.

@@ -17,14 +17,19 @@ int roundedMean(qint64 sum, int count)
 
 } // namespace
 
-RecordFields::RecordFields(const QString &record)
+RecordFields::RecordFields(const QString &record) : text(record)
 {
-    for (int begin = 0; begin <= record.size();) {
-        const int comma = record.indexOf(',', begin);
-        const int end = comma < 0 ? record.size() : comma;
-        values.append(record.midRef(begin, end - begin).toInt());
-        begin = end + 1;
-    }
+    for (int comma = text.indexOf(','); comma >= 0; comma = text.indexOf(',', comma + 1))
+        ends.append(comma);
+    ends.append(text.size());
+}
+
+int RecordFields::at(int index) const
+{
+    if (index >= ends.size())
+        return 0;
+    const int begin = index == 0 ? 0 : ends.at(index - 1) + 1;
+    return text.midRef(begin, ends.at(index) - begin).toInt();
 }
 
 QString sampleRecord(int code, const QString &payload)

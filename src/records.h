@@ -10,17 +10,19 @@
 constexpr int channelCount = 3; // values of the converter in a reading
 constexpr int learnedRecordFields = 1 + channelCount;
 
-// A record split once; reading past its end, or a field that is no decimal int, gives 0.
+// A record split once, its numbers read as they are asked for: most comparisons end with the first
+// values. Reading past its end, or a field that is no decimal int, gives 0.
 class RecordFields
 {
 public:
     RecordFields(const QString &record);
 
-    int size() const { return values.size(); }
-    int at(int index) const { return values.value(index); }
+    int size() const { return ends.size(); }
+    int at(int index) const;
 
 private:
-    QVarLengthArray<int, 8> values;
+    QString text;
+    QVarLengthArray<int, 8> ends; // of the fields, where the next comma is
 };
 
 QString sampleRecord(int code, const QString &payload);
