@@ -1,6 +1,7 @@
 #include "records.h"
 
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -17,7 +18,7 @@ int roundedMean(qint64 sum, int count)
 
 } // namespace
 
-RecordFields::RecordFields(const QString &record) : text(record)
+RecordFields::RecordFields(QString record) : text(std::move(record))
 {
     for (int comma = text.indexOf(','); comma >= 0; comma = text.indexOf(',', comma + 1))
         ends.append(comma);

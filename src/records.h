@@ -15,7 +15,7 @@ constexpr int learnedRecordFields = 1 + channelCount;
 class RecordFields
 {
 public:
-    RecordFields(const QString &record);
+    RecordFields(QString record);
 
     int size() const { return ends.size(); }
     int at(int index) const;
