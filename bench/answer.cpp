@@ -1,23 +1,18 @@
 #include "androidtoast.h"
 #include "buttonstyles.h"
-#include "frames.h"
+#include "exchange.h"
 #include "keymainwindow.h"
 #include "platform.h"
 #include "records.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QFileSystemWatcher>
 #include <QPushButton>
-#include <QRunnable>
-#include <QThreadPool>
 
 #include <algorithm>
-#include <atomic>
 #include <cstdio>
 
-#include <fcntl.h>
 #include <unistd.h>
 
 // How the window answers the key driver, beside a bare watcher of the same file.
@@ -44,91 +39,7 @@ public:
 namespace {
 
 constexpr int learnedKeys = 21; // all but one: a sample is compared with each
-constexpr int napMicroseconds = 200; // the event loop sleeps again by then
 constexpr int secondsAtMost = 120;
-constexpr char release[] = "16:2,4095,4095,4095";
-
-QElapsedTimer timer;
-std::atomic<qint64> writtenAt; // nanoseconds
-qint64 answeredAt; // nanoseconds, 0 while there is no answer
-QPushButton *awaitedGreen = nullptr;
-QtMessageHandler writeLogLine;
-
-void answer()
-{
-    if (answeredAt == 0)
-        answeredAt = timer.nsecsElapsed();
-}
-
-void answerStored(QtMsgType type, const QMessageLogContext &context, const QString &line)
-{
-    if (line.startsWith("[swc_print][func:insertSampleKeys]"))
-        answer();
-    writeLogLine(type, context, line);
-}
-
-void answerGreen(QWindow *window)
-{
-    if (awaitedGreen && awaitedGreen->window()->windowHandle() == window
-        && awaitedGreen->styleSheet() == ButtonStyles::learned)
-        answer();
-}
-
-// All different, of one length, and apart by more than what makes a sample collide.
-QString payload(int index)
-{
-    return QString("2,%1,%2,4094").arg(1000 + index * 100 % 3000).arg(1000 + index / 30);
-}
-
-QByteArray reading(int index)
-{
-    return "16:" + payload(index).toLatin1();
-}
-
-// In place and in one call, so that a reading is one change of the file.
-void write(const QByteArray &text)
-{
-    static const int file = open(Platform::reading, O_WRONLY);
-    writtenAt = timer.nsecsElapsed();
-    if (pwrite(file, text.constData(), text.size(), 0) != text.size())
-        qFatal("%s can't be written", Platform::reading);
-}
-
-class Driver : public QRunnable
-{
-public:
-    explicit Driver(const QByteArray &reading) : text(reading) { }
-
-    void run() override
-    {
-        usleep(napMicroseconds);
-        write(text);
-    }
-
-private:
-    QByteArray text;
-};
-
-void awaitAnswer()
-{
-    while (answeredAt == 0)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-}
-
-void take(const QByteArray &text)
-{
-    answeredAt = 0;
-    write(text);
-    awaitAnswer();
-}
-
-double waitFor(const QByteArray &text)
-{
-    answeredAt = 0;
-    QThreadPool::globalInstance()->start(new Driver(text));
-    awaitAnswer();
-    return (answeredAt - writtenAt) / 1000.0;
-}
 
 // The least that answers: it reads a sample, and paints one button on a release.
 class BareWatcher : public QObject
@@ -210,25 +121,25 @@ void windowReleaseWaits(Waits *waits)
 {
     Window taught;
     for (int i = 0; i < taught.buttons.size(); ++i) {
-        awaitedGreen = taught.buttons.at(i);
-        taught.select(awaitedGreen);
+        awaitGreen(taught.buttons.at(i));
+        taught.select(taught.buttons.at(i));
         waitFor(reading(i));
         waits->append(waitFor(release));
         takeNoticesAway();
     }
-    awaitedGreen = nullptr;
+    awaitGreen(nullptr);
 }
 
 void bareReleaseWaits(Waits *waits)
 {
     BareWatcher bare;
-    awaitedGreen = &bare.button;
+    awaitGreen(&bare.button);
     for (int i = 0; i < 22; ++i) {
         bare.button.setStyleSheet(ButtonStyles::unlearned);
         QCoreApplication::processEvents();
         waits->append(waitFor(release));
     }
-    awaitedGreen = nullptr;
+    awaitGreen(nullptr);
 }
 
 void print(const char *figure, Waits window, Waits bare)
@@ -280,10 +191,8 @@ extern "C" __attribute__((noinline)) void takeRelease()
 int main(int argc, char **argv)
 {
     alarm(secondsAtMost);
-    frameShown = answerGreen;
     QApplication application(argc, argv);
-    writeLogLine = qInstallMessageHandler(answerStored);
-    timer.start();
+    watchAnswers();
 
     const QStringList arguments = application.arguments();
     const int samples = arguments.value(2).toInt();
@@ -292,12 +201,12 @@ int main(int argc, char **argv)
     } else if (arguments.value(1) == "window") {
         const Window taught(arguments.value(3).toInt());
         takeSamples(samples);
-        awaitedGreen = taught.buttons.first();
+        awaitGreen(taught.buttons.first());
         takeRelease();
     } else {
         BareWatcher bare;
         takeSamples(samples);
-        awaitedGreen = &bare.button;
+        awaitGreen(&bare.button);
         takeRelease();
     }
 }
