@@ -1,5 +1,6 @@
 #include "story.h"
 
+#include "later.h"
 #include "platform.h"
 
 #include <QApplication>
@@ -203,11 +204,11 @@ bool Story::endsProgram(QPushButton *button)
 {
     std::unique_ptr<Later> answering;
     std::unique_ptr<Later> giveUp; // only where the loop goes on after the tap
-    const Later tap([&] {
+    const Later tap(0, [&] {
         if (button == probe->clearButton())
-            answering = std::make_unique<Later>([this] { answer(); });
+            answering = std::make_unique<Later>(0, [this] { answer(); });
         button->click();
-        giveUp = std::make_unique<Later>([] { QCoreApplication::exit(1); });
+        giveUp = std::make_unique<Later>(0, [] { QCoreApplication::exit(1); });
     });
     return QApplication::exec() == 0;
 }

@@ -6,7 +6,6 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
-#include <QTimerEvent>
 
 #include <cstdio>
 #include <ctime>
@@ -95,17 +94,6 @@ HeadUnit::HeadUnit()
 HeadUnit::~HeadUnit()
 {
     QDir::setCurrent("/");
-}
-
-Later::Later(std::function<void()> function) : function(std::move(function))
-{
-    startTimer(0);
-}
-
-void Later::timerEvent(QTimerEvent *event)
-{
-    killTimer(event->timerId());
-    function();
 }
 
 void writeReading(const QByteArray &payload, Way way)

@@ -3,10 +3,7 @@
 #include "keymainwindow.h"
 
 #include <QByteArray>
-#include <QObject>
 #include <QTemporaryDir>
-
-#include <functional>
 
 // A window on a head unit of its own, and a clock that stands still until the test moves it: what
 // happens depends on the test alone, and hours pass in no time.
@@ -38,19 +35,6 @@ public:
 
 private:
     KeyMainWindow window{ nullptr };
-};
-
-// Calls a function from the event loop, once.
-class Later : public QObject
-{
-public:
-    explicit Later(std::function<void()> function);
-
-protected:
-    void timerEvent(QTimerEvent *event) override;
-
-private:
-    std::function<void()> function;
 };
 
 enum class Way { Truncated, InPieces, Overwritten, Renamed };

@@ -2,11 +2,11 @@
 
 #include "androidtoast.h"
 #include "keymainwindow.h"
+#include "later.h"
 
 #include <QtTest>
 #include <QtWidgets>
 
-#include <functional>
 #include <utility>
 
 constexpr char readingPath[] = "media/flash/nvm/swc_keys";
@@ -83,21 +83,6 @@ public:
 private:
     QString folderBefore = QDir::currentPath();
     QTemporaryDir folder;
-};
-
-// Does something once, in the event loop.
-class Later : public QObject
-{
-public:
-    Later(int msec, std::function<void()> what) : action(std::move(what)) { startTimer(msec); }
-
-private:
-    void timerEvent(QTimerEvent *event) override
-    {
-        killTimer(event->timerId());
-        action();
-    }
-    std::function<void()> action;
 };
 
 inline void tap(QWidget *button)
