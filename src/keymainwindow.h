@@ -98,6 +98,7 @@ private:
     void handleRelease();
     void rejectReading();
     void dropSamplesOfOtherKeys();
+    void dropSamples();
 
     static const char *timeOutSlotOf(int code);
     bool removePending(int code);

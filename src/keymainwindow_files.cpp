@@ -80,11 +80,14 @@ void KeyMainWindow::saveSwcKeys()
         qDebug("[swc_print][func:%s]", __func__);
         text = configurationText(mapSwcKeys, decodings.at(0), decodings.at(1));
     }
-    writeFileToMedium(Platform::configuration, text);
+    writeFile(Platform::configuration, text);
+    flushToMedium(Platform::configuration);
 }
 
 void KeyMainWindow::backupDirection()
 {
-    if (!QFile::exists(Platform::backup))
-        copyFile(Platform::configuration, Platform::backup);
+    if (QFile::exists(Platform::backup))
+        return;
+    copyFile(Platform::configuration, Platform::backup);
+    flushToMedium(Platform::backup);
 }

@@ -53,9 +53,14 @@ void KeyMainWindow::initSampleKeys()
 {
     if (mapSampleKeys.isEmpty())
         return;
+    dropSamples();
+    qDebug("[swc_print][func:%s][mapSampleKeys' size:%d]", __func__, mapSampleKeys.size());
+}
+
+void KeyMainWindow::dropSamples()
+{
     mapSampleKeys.clear();
     sampleKeyIdx = 0;
-    qDebug("[swc_print][func:%s][mapSampleKeys' size:%d]", __func__, mapSampleKeys.size());
 }
 
 void KeyMainWindow::initSwcKeys()

@@ -37,10 +37,10 @@ void KeyMainWindow::selectKey(int code)
         showNotice(AndroidToast::Red, tr("LEARNED."));
         return;
     }
-    // A new selection starts without the samples that an earlier one left behind, which the log
-    // tells. A second tap on a key that still waits is no new selection.
+    // A new selection starts without the samples that an earlier one left behind. A second tap on a
+    // key that still waits is no new selection.
     if (!clickAndValidKeys.contains(code))
-        initSampleKeys();
+        dropSamples();
     curButton->setStyleSheet(ButtonStyles::selected);
     clickAndValidKeys.append(code);
     if (const char *slot = timeOutSlotOf(code))
@@ -54,8 +54,10 @@ void KeyMainWindow::askToClear()
     if (answer == QDialog::Accepted) {
         clearKeys();
     } else if (answer == QDialog::Rejected) {
-        if (QFile::exists(Platform::backup))
+        if (QFile::exists(Platform::backup)) {
             copyFile(Platform::backup, Platform::configuration);
+            flushToMedium(Platform::configuration);
+        }
         QCoreApplication::exit(0);
     }
     question.close();

@@ -1,24 +1,17 @@
 #include "platformfiles.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <cstdlib>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
 constexpr int readAtOnce = 16384; // in bytes
-
-// Unbuffered, so that the time in which the file is without its content ends with one write.
-bool openAndWrite(QFile &file, const QByteArray &content)
-{
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
-        return false;
-    file.write(content);
-    return true;
-}
 
 } // namespace
 
@@ -41,17 +34,23 @@ quint64 fileNumber(const QString &path)
     return stat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_ino : 0;
 }
 
+// Unbuffered, so that the time in which the file is without its content ends with one write.
 void writeFile(const QString &path, const QByteArray &content)
 {
     QFile file(path);
-    openAndWrite(file, content);
+    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
+        file.write(content);
 }
 
-void writeFileToMedium(const QString &path, const QByteArray &content)
+void flushToMedium(const QString &path)
 {
-    QFile file(path);
-    if (openAndWrite(file, content))
-        fsync(file.handle());
+    for (const QString &place : { path, QFileInfo(path).path() }) {
+        const int file = open(QFile::encodeName(place).constData(), O_RDONLY);
+        if (file < 0)
+            continue;
+        fsync(file);
+        close(file);
+    }
 }
 
 void copyFile(const QString &from, const QString &to)

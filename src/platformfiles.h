@@ -9,14 +9,14 @@
 // The whole file in text mode; empty where it can't be read.
 QByteArray readFile(const QString &path);
 
-// What tells a file from one renamed over it; 0 where there is no file.
+// What tells a file from one renamed over it; 0 where that is not known.
 quint64 fileNumber(const QString &path);
 
 // Replaces the content in place; nothing happens where the file can't be opened.
 void writeFile(const QString &path, const QByteArray &content);
 
-// As writeFile(), and returns only when the medium has the content.
-void writeFileToMedium(const QString &path, const QByteArray &content);
+// Returns when the medium has the file, and the folder its name.
+void flushToMedium(const QString &path);
 
 // Copies with attributes through the shell. The paths must need no quoting.
 void copyFile(const QString &from, const QString &to);
