@@ -7,6 +7,7 @@
 #include "records.h"
 
 #include <QDebug>
+#include <QFile>
 #include <QFileSystemWatcher>
 #include <QPushButton>
 
@@ -18,7 +19,8 @@ namespace {
 void followFile(QFileSystemWatcher *watcher, const QString &path, quint64 number)
 {
     constexpr char watchedNumber[] = "watchedNumber";
-    if (watcher->property(watchedNumber).toULongLong() == number && watcher->files().contains(path))
+    if (number != 0 && watcher->property(watchedNumber).toULongLong() == number
+        && watcher->files().contains(path))
         return;
     watcher->removePath(path);
     watcher->addPath(path);
@@ -63,7 +65,7 @@ void KeyMainWindow::onFileChange(QString path)
 bool KeyMainWindow::takeReading(const QString &path, Reading *reading)
 {
     const quint64 number = fileNumber(path);
-    if (number == 0)
+    if (number == 0 && !QFile::exists(path))
         return false;
     if (fileWatcher && sender() == fileWatcher)
         followFile(fileWatcher, path, number);
