@@ -2,16 +2,18 @@
 
 #include "later.h"
 #include "platform.h"
+#include "reading.h"
 
 #include <QApplication>
 #include <QFile>
 #include <QKeyEvent>
 #include <QPushButton>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int shownSteps = 20;
-constexpr int releaseValue = 4095;
 constexpr int spread = 20; // of the samples of one key
 
 QByteArray contentOf(const char *path)

@@ -6,12 +6,6 @@
 
 #include <algorithm>
 
-namespace {
-
-constexpr int releaseValue = 4095; // top of the converter's range
-
-} // namespace
-
 ReadingFault parseReading(const QString &text, Reading *reading)
 {
     if (!text.contains(':'))

@@ -8,6 +8,8 @@
 constexpr int keyLine2 = 2;
 constexpr int keyLine3 = 3;
 
+constexpr int releaseValue = 4095; // top of the converter's range
+
 // One measurement of the key driver: a key line and three 12-bit converter values.
 struct Reading
 {

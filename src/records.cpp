@@ -1,6 +1,5 @@
 #include "records.h"
 
-#include <limits>
 #include <utility>
 
 namespace {
@@ -8,12 +7,10 @@ namespace {
 constexpr int tolerance = 60; // converter steps between two samples of one key
 constexpr int sampleRecordFields = 1 + learnedRecordFields;
 
-int roundedMean(qint64 sum, int count)
+int roundedMean(int sum, int count)
 {
-    const float mean = static_cast<float>(sum) / static_cast<float>(count);
-    const float rounded = mean + 0.5f;
-    const int highest = std::numeric_limits<int>::max();
-    return rounded < static_cast<float>(highest) ? static_cast<int>(rounded) : highest;
+    const float rounded = static_cast<float>(sum) / static_cast<float>(count) + 0.5f;
+    return static_cast<int>(rounded);
 }
 
 } // namespace
@@ -64,7 +61,7 @@ int keyCodeOf(const QString &sample)
 
 QString learnedRecordFrom(const QMap<int, QString> &samples)
 {
-    qint64 sums[channelCount] = {};
+    int sums[channelCount] = {};
     for (const QString &sample : samples) {
         const RecordFields fields(sample);
         for (int i = 0; i < channelCount; ++i)
