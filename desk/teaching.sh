@@ -38,17 +38,25 @@ driver() {
     exit 1
 }
 
-# A machine that stands still for seconds lets the selection time out; a person would try again.
+# A machine that stands still for seconds lets the selection time out, and a person would try again.
+# Where there was time enough, a reading was lost.
 teach() {
-    local attempt
+    local attempt tapped taken
     for attempt in 1 2 3; do
+        tapped=$(milliseconds)
         tap "$1"
         await_colour "$1" blue
         driver press "$1" 400ms
+        taken=$(($(milliseconds) - tapped))
         if (await_colour "$1" green); then
             return
         fi
-        echo "$1 was not learned at attempt $attempt" >&2
+        echo "$1 was not learned at attempt $attempt, pressed and released within $taken ms" >&2
+        [ "$taken" -gt 2000 ] || exit 1
     done
     exit 1
+}
+
+milliseconds() {
+    date +%s%3N
 }
