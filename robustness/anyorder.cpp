@@ -20,8 +20,9 @@ int main(int argc, char **argv)
     doWithoutScreen();
     QApplication application(argc, argv);
     QCommandLineParser parser;
-    parser.addOption({ "steps", "How many taps, readings and pauses.", "number", "20000" });
-    parser.addOption({ "seed", "The first story.", "number", "1" });
+    using Option = QCommandLineOption;
+    parser.addOption(Option("steps", "How many taps, readings and pauses.", "number", "20000"));
+    parser.addOption(Option("seed", "The first story.", "number", "1"));
     parser.process(application);
     const int steps = parser.value("steps").toInt();
     const unsigned firstSeed = parser.value("seed").toUInt();

@@ -80,7 +80,8 @@ int main(int argc, char **argv)
     doWithoutScreen();
     QApplication application(argc, argv);
     QCommandLineParser parser;
-    parser.addOption({ "updates", "How often the driver writes.", "number", "20000" });
+    parser.addOption(
+        QCommandLineOption("updates", "How often the driver writes.", "number", "20000"));
     parser.process(application);
     const int updates = parser.value("updates").toInt();
 

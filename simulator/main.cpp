@@ -24,14 +24,16 @@ Commands of a script, one a line, # begins a comment. Each done line is answered
 exit status is 1 where one fails.
 )";
 
-const QCommandLineOption options[] = {
-    { { "h", "help" }, "Shows this." },
-    { "root", "The head unit's root folder, above media/flash/nvm (default: .).", "folder", "." },
-    { "wheel", "Another wheel than the built-in one.", "file", ":/wheel.json" },
-    { "seed", "Seed of noise, drift and bounce (default: 1).", "number", "1" },
-    { "rate", "Readings a second, 1 to 1000 (default: 20).", "number", "20" },
-    { "write", "Way of writing, as in a script (default: truncate).", "way", "truncate" },
-    { "script", "Do a file's lines, or standard input's for -, without a display.", "file" },
+using Option = QCommandLineOption;
+const Option options[] = {
+    Option({ "h", "help" }, "Shows this."),
+    Option("root", "The head unit's root folder, above media/flash/nvm (default: .).", "folder",
+           "."),
+    Option("wheel", "Another wheel than the built-in one.", "file", ":/wheel.json"),
+    Option("seed", "Seed of noise, drift and bounce (default: 1).", "number", "1"),
+    Option("rate", "Readings a second, 1 to 1000 (default: 20).", "number", "20"),
+    Option("write", "Way of writing, as in a script (default: truncate).", "way", "truncate"),
+    Option("script", "Do a file's lines, or standard input's for -, without a display.", "file"),
 };
 
 // Gives what is wrong, else nothing.

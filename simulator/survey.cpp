@@ -174,12 +174,13 @@ int main(int argc, char **argv)
     QCommandLineParser parser;
     parser.setApplicationDescription(description);
     parser.addHelpOption();
-    parser.addOption({ "seed", "Seed of the first wheel (default: 1).", "number", "1" });
-    parser.addOption({ "wheels",
-                       "How many wheels, each with the next seed (default: 10000). 1 shows the "
-                       "wheel's keys.",
-                       "number", "10000" });
-    parser.addOption({ "failures", "Also list the seed of every failure." });
+    using Option = QCommandLineOption;
+    parser.addOption(Option("seed", "Seed of the first wheel (default: 1).", "number", "1"));
+    parser.addOption(Option("wheels",
+                            "How many wheels, each with the next seed (default: 10000). 1 shows "
+                            "the wheel's keys.",
+                            "number", "10000"));
+    parser.addOption(Option("failures", "Also list the seed of every failure."));
     parser.process(application);
 
     bool seedGood = false;
