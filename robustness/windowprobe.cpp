@@ -41,7 +41,6 @@ void showWarnings(QtMsgType type, const QMessageLogContext &, const QString &tex
 } // namespace
 
 // Takes the place of the C library's: Qt's timers and animations read this clock.
-// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): the header's are reserved
 extern "C" int clock_gettime(clockid_t clock, timespec *time) noexcept
 {
     if (clock != CLOCK_MONOTONIC)

@@ -14,7 +14,7 @@ fail() {
 }
 
 cpp_files() {
-    git ls-files -- '*.cpp' '*.h' | grep -v '^img/'
+    git ls-files -- '*.cpp' '*.h'
 }
 
 check_format() {

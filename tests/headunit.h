@@ -94,6 +94,8 @@ inline void tap(QWidget *button)
 inline void answer(const QString &text)
 {
     QWidget *question = QApplication::activeModalWidget();
+    if (!question)
+        return QTest::qFail("no question is open", __FILE__, __LINE__);
     for (QPushButton *button : question->findChildren<QPushButton *>()) {
         if (button->text() == text)
             return tap(button);

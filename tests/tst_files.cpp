@@ -3,12 +3,17 @@
 #include <cstdio>
 #include <memory>
 
+namespace {
+
+constexpr int stillRunning = -1;
+
+} // namespace
+
 // The files exchanged with the driver, and the ways in which the program ends.
 class TestFiles : public QObject
 {
     Q_OBJECT
 
-    static constexpr int stillRunning = -1;
     const QByteArray homeKey = "{\"direction0\":[{\"direction_event\":314,\"adc\":[1,2,3]}]}";
 
     // Runs the program's event loop, the tap first and then all that it has posted.

@@ -52,6 +52,7 @@ selected again after clear: 314=2,1,2,3 clear 314 => 314 blue; waits 314)");
     {
         addRows(R"(
 selected: 314 =>
+selected with samples left behind: 314 2,1,2,3 -314 314 =>
 before the first tap: 2,1,2,3 =>
 another key line: 314 4,1,2,3 =>
 the first sample: 314 2,1,2,3 => +[onFileChange LINE] validKey:314 clickAndValidKeys.size():1|+[isChuanKey][mapSwcKeys' size is empty]|+[func:insertSampleKeys][key:0, value(314,2,1,2,3)][size:1]|

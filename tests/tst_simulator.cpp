@@ -27,7 +27,8 @@ constexpr char configuration[] = R"({ "direction0": [
 void put(const char *name, const QByteArray &content)
 {
     QFile file(name);
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qFatal("can't write %s", name);
 }
 
 QByteArray contentOf(const QString &name)

@@ -86,6 +86,8 @@ private slots:
                  (QVariantList{ instructions, style.arg(20).arg("normal"), left, height, height,
                                 true, width, true }));
         QCOMPARE(labels.at(2)->maximumWidth(), width);
+        for (int text : { 0, 2 })
+            QCOMPARE(labels.at(text)->palette().color(QPalette::WindowText), QColor(Qt::white));
         for (int separator : { 1, 3, 4 })
             QCOMPARE(lookOf(labels.at(separator)),
                      (QVariantList{ "", separatorStyle, left, 1, 1, false, 0, false }));
