@@ -11,21 +11,41 @@
 
 namespace {
 
-constexpr int readAtOnce = 16384; // in bytes
+constexpr int looksAtMost = 5;
+
+// Not QFile's readAll(): it asks for the size first, and cuts off a text that has grown since.
+QByteArray contentOf(int file)
+{
+    QByteArray content;
+    char part[16384];
+    ssize_t size = 0;
+    do {
+        size = pread(file, part, sizeof(part), content.size());
+        if (size > 0)
+            content.append(part, static_cast<int>(size));
+    } while (size == sizeof(part));
+    return content;
+}
 
 } // namespace
 
 QByteArray readFile(const QString &path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+    const int file = open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
+    if (file < 0)
         return QByteArray();
 
-    // Not readAll(): it asks for the size first, and cuts off a text that has grown since.
-    QByteArray content;
-    for (QByteArray part = file.read(readAtOnce); !part.isEmpty(); part = file.read(readAtOnce))
-        content += part;
-    return content;
+    // While a text is written over in place, a look at it can find half the old one and half the
+    // new. The next look differs then.
+    QByteArray content = contentOf(file);
+    for (int looks = 1; looks < looksAtMost; ++looks) {
+        const QByteArray again = contentOf(file);
+        if (again == content)
+            break;
+        content = again;
+    }
+    close(file);
+    return content.replace('\r', "");
 }
 
 quint64 fileNumber(const QString &path)
