@@ -12,7 +12,6 @@ make_model() {
     prepare_head_unit model "$build"
     echo "{\"direction0\": [$home_key, $back_key]}" >model/$nvm/direction.json
     echo "{\"direction0\": [$back_key]}" >model/$nvm/direction.bak
-    cp "$project/robustness/memcheck.supp" model
 }
 
 # What a file may hold instead of what it should.
@@ -20,6 +19,7 @@ make_contents() {
     mkdir contents
     : >contents/empty
     head -c 100000000 /dev/zero | tr '\0' 7 >contents/digits
+    truncate -s 3G contents/huge
     head -c 1000 /dev/zero >contents/nul
     printf '16:2,\xff,{"direction0": ["\xc0"]}\nSystemLanguageId=\xff\n' >contents/utf8
     echo "{\"direction0\": [$home_key, {\"direction_event\": -2147483648, \"adc\": [2147483647," \
@@ -64,6 +64,10 @@ start() {
 has_ended() { ! kill -0 $program 2>/dev/null; }
 logged() { grep -aqsF "$1" unit/log; }
 
+# What the program made sure of, where it ran under strace with these options.
+flushes="-y -o flushes -e trace=fsync"
+flushed() { echo $(sed -n 's|.*/\(.*\)>.*= 0$|\1|p' unit/flushes); }
+
 # ends CODE
 ends() {
     local code=0
@@ -77,7 +81,7 @@ teach() {
     await_colour home "$1"
     tap mute
     await_colour mute blue
-    [ -z "${3:-}" ] || cat "contents/$3" >unit/$nvm/swc_keys
+    [ -z "${3:-}" ] || cp --sparse=always "contents/$3" unit/$nvm/swc_keys
     if [ "$2" = green ]; then
         printf 14:2,900,800,700 >unit/$nvm/swc_keys
         await 5 "the sample" logged 149,2,900,800,700
@@ -96,12 +100,13 @@ press_no() {
 
 # The next start works, and No brings back what the backup has.
 restore() {
-    start
+    start strace $flushes
     case $1 in empty | missing) await_colour home gray ;; *) await_colour home green ;; esac
     tap clear
     await 5 "the question" logged '[msg_print]'
     await 10 "No to end the program" press_no
     ends 0
+    same "what was flushed" "$(flushed)" "direction.json nvm"
     same_backup
     cmp unit/$nvm/direction.json model/$nvm/direction.bak || exit 1
 }

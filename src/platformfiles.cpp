@@ -12,6 +12,7 @@
 namespace {
 
 constexpr int looksAtMost = 5;
+constexpr int sizeAtMost = 128 << 20; // in bytes; far more than the platform's files have
 
 // Not QFile's readAll(): it asks for the size first, and cuts off a text that has grown since.
 QByteArray contentOf(int file)
@@ -23,8 +24,8 @@ QByteArray contentOf(int file)
         size = pread(file, part, sizeof(part), content.size());
         if (size > 0)
             content.append(part, static_cast<int>(size));
-    } while (size == sizeof(part));
-    return content;
+    } while (size == sizeof(part) && content.size() <= sizeAtMost);
+    return content.size() <= sizeAtMost ? content : QByteArray();
 }
 
 } // namespace

@@ -6,8 +6,8 @@
 // Reading, writing and copying the platform's files. Failures are not reported: the callers go on
 // whatever happens.
 
-// The whole file without its carriage returns; empty where it can't be read. A text that changes
-// while it is read is read again, at most a few times.
+// The whole file without its carriage returns; empty where it can't be read or has more than 128
+// MB. A text that changes while it is read is read again, at most a few times.
 QByteArray readFile(const QString &path);
 
 // What tells a file from one renamed over it; 0 where that is not known.
