@@ -1,12 +1,15 @@
 # Sourced after screen.sh and headunit.sh: the program and the driver's stand-in at work on a head
 # unit's folder, told what to do by a script. It needs $build, the folder of the desk build.
 
-# start_program FOLDER: its output goes into the folder, its number into $program.
+# start_program FOLDER [COMMAND...]: run by the command. Its output goes into the folder, its number
+# into $program.
 start_program() {
-    (cd "$1" && exec application/bin/velmora) >"$1/output.txt" 2>"$1/log.txt" &
+    local folder=$1
+    shift
+    (cd "$folder" && exec "$@" application/bin/velmora) >"$folder/output.txt" 2>"$folder/log.txt" &
     program=$!
     at_exit "kill $program"
-    await 10 "the program's window" is_colour save gray
+    await 30 "the program's window" is_colour save gray
 }
 
 # Waits until the program has ended, and gives its exit code.

@@ -95,7 +95,7 @@ int main(int argc, char **argv)
     int written = 0;
     int seen = 0;
     for (int burst = 0; written < updates; ++burst) {
-        if (written >= updates / 10 && residentAtFirst == 0) {
+        if (written >= updates / 10 && openAtFirst == 0) {
             residentAtFirst = residentKilobytes();
             openAtFirst = openFiles();
         }

@@ -1,12 +1,15 @@
 #!/usr/bin/env bash
-# end_to_end.sh SOURCE BUILD WIDTH HEIGHT WAY: the real program on a screen of that size, real
-# clicks, and the driver's stand-in as another process that writes its file in that way.
+# end_to_end.sh SOURCE BUILD WIDTH HEIGHT WAY [COMMAND...]: the real program, run by the command, on a
+# screen of that size, real clicks, and the driver's stand-in as another process that writes its
+# file in that way.
 set -euo pipefail
 
 project=$1
 build=$2
 screen=("$3" "$4")
 way=$5
+shift 5
+command=("$@")
 . "$project/desk/screen.sh"
 . "$project/desk/headunit.sh"
 . "$project/desk/teaching.sh"
@@ -16,6 +19,7 @@ check() {
     shift
     "$@" || {
         echo "Failed: $what" >&2
+        tail -n 20 "$unit/log.txt" >&2
         exit 1
     }
 }
@@ -46,7 +50,7 @@ at_exit "rm -rf $unit $memory"
 ln -s "$memory" "$unit/media"
 start_screen "${screen[@]}"
 prepare_head_unit "$unit" "$build"
-start_program "$unit"
+start_program "$unit" "${command[@]}"
 start_driver "$unit" --wheel "$project/tests/wheel.json" --write "$way"
 
 driver flag 1
@@ -79,13 +83,13 @@ driver decode all
 
 # The next start shows what was learned, and No brings the backup back.
 : >"$unit/$nvm/direction.json"
-start_program "$unit"
+start_program "$unit" "${command[@]}"
 await_colour home gray
 tap clear
 answer no
 check "exit code 0 after No" program_ended
 check "the restored bytes" cmp "$unit/$nvm/direction.bak" "$unit/$nvm/direction.json"
-start_program "$unit"
+start_program "$unit" "${command[@]}"
 for key in home back mute; do
     await_colour $key green
 done
