@@ -41,6 +41,7 @@ driver() {
     exit 1
 }
 
+# teach KEY [WHEEL_KEY]: the key of the screen, by the wheel's key of that or the same name.
 # A machine that stands still for seconds lets the selection time out, and a person would try again.
 # Where there was time enough, a reading was lost.
 teach() {
@@ -49,7 +50,7 @@ teach() {
         tapped=$(milliseconds)
         tap "$1"
         await_colour "$1" blue
-        driver press "$1" 400ms
+        driver press "${2:-$1}" 400ms
         taken=$(($(milliseconds) - tapped))
         if (await_colour "$1" green); then
             return
