@@ -10,6 +10,7 @@ screen=("$3" "$4")
 way=$5
 shift 5
 command=("$@")
+keys=(home back mute)
 . "$project/desk/screen.sh"
 . "$project/desk/headunit.sh"
 . "$project/desk/teaching.sh"
@@ -35,12 +36,6 @@ check_button_size() {
     read -r x y <<<"$(place home)"
     check "button width" [ "$(gray_pixels $((width / 8)) 1 0 $((y + rim - 3)))" = "$1" ]
     check "button height" [ "$(gray_pixels 1 $((2 * rim + 12)) $((x - 30)) $((y - rim - 6)))" = "$2" ]
-}
-
-teach_all() {
-    for key in home back mute; do
-        teach "$key"
-    done
 }
 
 # The driver's files are in memory: a busy disk can hold up a reading for seconds.
@@ -73,7 +68,9 @@ answer yes
 driver flag 11
 await_colour left gray
 
-teach_all
+for key in "${keys[@]}"; do
+    teach "$key"
+done
 tap save
 check "exit code 0 after saving" program_ended
 driver flag 0
@@ -90,7 +87,7 @@ answer no
 check "exit code 0 after No" program_ended
 check "the restored bytes" cmp "$unit/$nvm/direction.bak" "$unit/$nvm/direction.json"
 start_program "$unit" "${command[@]}"
-for key in home back mute; do
-    await_colour $key green
+for key in "${keys[@]}"; do
+    await_colour "$key" green
 done
 await_colour up gray
