@@ -33,8 +33,7 @@ QMap<int, QString> load(const QByteArray &text)
 
 QByteArray save(const QMap<int, QString> &keys)
 {
-    return configurationText(keys, decodingOf(selectChannel(keys, 2)),
-                             decodingOf(selectChannel(keys, 3)));
+    return configurationText(keys, selectChannel(keys, 2), selectChannel(keys, 3));
 }
 
 } // namespace
@@ -50,12 +49,12 @@ void reading(QBuffer &file)
 
     QString sample = sampleRecord(314, result.payload);
     require(keyCodeOf(sample) == 314);
-    collides(sample, text); // a configuration's record may be anything
+    collides(RecordFields(sample), RecordFields(text)); // a configuration's record may be anything
     if (classify(result) != ReadingClass::Sample)
         return;
     const QString learned = learnedRecordFrom({ { 0, sample } });
-    require(learned == learnedRecord(result.keyLine, result.adc[0], result.adc[1], result.adc[2]));
-    require(collides(sample, learned));
+    require(learned == learnedRecord(result.keyLine, result.adc));
+    require(collides(RecordFields(sample), RecordFields(learned)));
 }
 
 // Saving keeps every key, with three values each, and a second save changes nothing.
@@ -65,7 +64,7 @@ void configuration(QBuffer &file)
     const QByteArray text = save(keys);
     for (QString &record : keys) {
         const RecordFields fields(record);
-        record = learnedRecord(fields.at(0), fields.at(1), fields.at(2), fields.at(3));
+        record = learnedRecord(fields.at(0), { { fields.at(1), fields.at(2), fields.at(3) } });
     }
     require(load(text) == keys);
     require(save(keys) == text);
@@ -96,11 +95,8 @@ void catalogue(QBuffer &file)
 // The line that is found means the same where it stands alone.
 void settings(QBuffer &file)
 {
-    const QString line = languageLine(file);
-    QByteArray text = line.toUtf8();
-    QBuffer alone(&text);
-    alone.open(QIODevice::ReadOnly);
-    const QString copy = languageLine(alone);
+    const QString line = languageLine(file.readAll());
+    const QString copy = languageLine(line.toUtf8());
     require(copy.isEmpty() == line.isEmpty());
     require(languageIndexOf(copy) == languageIndexOf(line));
     languageIndexOf(QString::fromUtf8(file.data()));

@@ -81,8 +81,9 @@ QMap<int, QString> samplesOf(const Wheel &wheel, const WheelKey &key,
         parseReading(readingText(measure(wheel, key, drift, i, chance)), &reading);
         const QString sample = sampleRecord(key.code, reading.payload);
         const bool collided =
-            std::any_of(learned.begin(), learned.end(),
-                        [&sample](const QString &record) { return collides(sample, record); });
+            std::any_of(learned.begin(), learned.end(), [&sample](const QString &record) {
+                return collides(RecordFields(sample), RecordFields(record));
+            });
         if (!collided && !samples.values().contains(sample))
             samples.insert(i, sample);
     }
@@ -103,8 +104,8 @@ QMap<int, QString> learn(const Wheel &wheel, Chance *chance)
 Outcome survey(const Wheel &wheel, Chance *chance, QTextStream *details)
 {
     const QMap<int, QString> learned = learn(wheel, chance);
-    const QByteArray text = configurationText(learned, decodingOf(selectChannel(learned, 2)),
-                                              decodingOf(selectChannel(learned, 3)));
+    const QByteArray text =
+        configurationText(learned, selectChannel(learned, 2), selectChannel(learned, 3));
     const QJsonObject configuration = QJsonDocument::fromJson(text).object();
     Outcome outcome{};
     for (const WheelKey &key : wheel.keys) {

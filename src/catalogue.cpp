@@ -2,6 +2,12 @@
 
 #include <QIODevice>
 
+namespace {
+
+constexpr int fieldsOfRow = 3; // name, code and icon
+
+} // namespace
+
 Catalogue readCatalogue(QIODevice &file)
 {
     Catalogue catalogue;
@@ -11,7 +17,7 @@ Catalogue readCatalogue(QIODevice &file)
         if (line.isEmpty() || line.startsWith('#'))
             continue;
         const QStringList fields = line.simplified().split(' ', QString::SkipEmptyParts);
-        if (fields.size() < 3)
+        if (fields.size() < fieldsOfRow)
             continue;
         catalogue.names.append(fields.at(0));
         catalogue.codes.append(fields.at(1).toInt());

@@ -6,6 +6,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QJsonValue>
+#include <QVector>
 
 #include <algorithm>
 
@@ -22,6 +24,17 @@ LoadedKey loadedKey(const QJsonObject &key, int keyLine)
     return result;
 }
 
+QVector<int> valuesOn(int channel, const QMap<int, QString> &learnedKeys, int keyLine)
+{
+    QVector<int> values;
+    for (const QString &record : learnedKeys) {
+        const RecordFields fields(record);
+        if (fields.at(0) == keyLine)
+            values.append(fields.at(channel));
+    }
+    return values;
+}
+
 // A negative lowest value stays below every difference, so the result always fits an int.
 int smallestSpacing(QVector<int> values)
 {
@@ -32,7 +45,7 @@ int smallestSpacing(QVector<int> values)
     return static_cast<int>(spacing);
 }
 
-QJsonObject keyObject(int code, const RecordFields &record, const Decoding &decoding)
+QJsonObject keyObject(int code, const RecordFields &record, const ChannelChoice &choice)
 {
     QJsonObject key;
     key.insert(codeMember, code);
@@ -40,10 +53,10 @@ QJsonObject keyObject(int code, const RecordFields &record, const Decoding &deco
     for (int channel = 1; channel <= channelCount; ++channel)
         values.append(record.at(channel));
     key.insert(valuesMember, values);
-    if (decoding.road != -1)
-        key.insert("road", decoding.road);
-    if (decoding.interval != -1)
-        key.insert("interval", decoding.interval);
+    if (choice.channel != -1)
+        key.insert("road", choice.channel);
+    if (choice.interval() != -1)
+        key.insert("interval", choice.interval());
     return key;
 }
 
@@ -66,35 +79,22 @@ QList<LoadedKey> keysOfGroup(const QJsonObject &configuration, const QString &gr
     return keys;
 }
 
-QMap<int, int> selectChannel(const QMap<int, QString> &learnedKeys, int keyLine)
+ChannelChoice selectChannel(const QMap<int, QString> &learnedKeys, int keyLine)
 {
-    QMap<int, QVector<int>> valuesByChannel;
-    for (const QString &record : learnedKeys) {
-        const RecordFields fields(record);
-        if (fields.at(0) != keyLine)
-            continue;
-        for (int channel = 1; channel <= channelCount; ++channel)
-            valuesByChannel[channel].append(fields.at(channel));
-    }
-
-    QMap<int, int> widest;
-    for (auto values = valuesByChannel.begin(); values != valuesByChannel.end(); ++values) {
-        const int spacing = smallestSpacing(values.value());
-        if (widest.isEmpty() || spacing >= widest.first())
-            widest = { { values.key(), spacing } };
+    ChannelChoice widest;
+    for (int channel = 1; channel <= channelCount; ++channel) {
+        const QVector<int> values = valuesOn(channel, learnedKeys, keyLine);
+        if (values.isEmpty())
+            break;
+        const int spacing = smallestSpacing(values);
+        if (widest.channel == -1 || spacing >= widest.spacing)
+            widest = { channel, spacing };
     }
     return widest;
 }
 
-Decoding decodingOf(const QMap<int, int> &selection)
-{
-    if (selection.isEmpty())
-        return {};
-    return { selection.firstKey(), selection.first() >> 1 };
-}
-
-QByteArray configurationText(const QMap<int, QString> &learnedKeys, const Decoding &line2,
-                             const Decoding &line3)
+QByteArray configurationText(const QMap<int, QString> &learnedKeys, const ChannelChoice &line2,
+                             const ChannelChoice &line3)
 {
     QJsonArray line2Keys;
     QJsonArray line3Keys;

@@ -25,22 +25,22 @@ QJsonObject parseConfiguration(const QByteArray &text);
 // The keys of one group in file order, without those that have no whole, non-zero code.
 QList<LoadedKey> keysOfGroup(const QJsonObject &configuration, const QString &group);
 
-// Chooses the converter channel (1 to 3) that keeps the keys of one line furthest apart. The
-// result holds that channel and its spacing: the smallest of its lowest value and all differences
-// between neighbours. Of equal spacings the highest channel wins. Empty if no key has the line.
-QMap<int, int> selectChannel(const QMap<int, QString> &learnedKeys, int keyLine);
-
-// What the driver is told to compare: "road" is the channel, "interval" the tolerance around the
-// learned value. -1 leaves the member out.
-struct Decoding
+// The converter channel (1 to 3) by which the driver tells the keys of one line apart, the file's
+// "road". The spacing is the smallest of the channel's lowest value and all differences between
+// neighbours. -1 where no key has the line.
+struct ChannelChoice
 {
-    int road = -1;
-    int interval = -1;
+    int channel = -1;
+    int spacing = -1;
+
+    // The tolerance around a learned value: half the spacing, rounded down.
+    int interval() const { return spacing >> 1; }
 };
 
-// `selection` is a result of selectChannel(). The interval is half the spacing, rounded down.
-Decoding decodingOf(const QMap<int, int> &selection);
+// The channel with the largest spacing, of equal ones the highest.
+ChannelChoice selectChannel(const QMap<int, QString> &learnedKeys, int keyLine);
 
-// The file's bytes. Keys on any other line than 2 and 3 are left out.
-QByteArray configurationText(const QMap<int, QString> &learnedKeys, const Decoding &line2,
-                             const Decoding &line3);
+// The file's bytes. Keys on any other line than 2 and 3 are left out, and so is a road or an
+// interval of -1.
+QByteArray configurationText(const QMap<int, QString> &learnedKeys, const ChannelChoice &line2,
+                             const ChannelChoice &line3);

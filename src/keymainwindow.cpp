@@ -2,12 +2,12 @@
 
 #include "buttonstyles.h"
 #include "catalogue.h"
+#include "filewatch.h"
 #include "platform.h"
 #include "screen.h"
 
 #include <QDebug>
 #include <QFile>
-#include <QFileSystemWatcher>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QIcon>
@@ -79,8 +79,8 @@ KeyMainWindow::~KeyMainWindow()
     qDebug("%s", __func__);
     writeLearnFlag(false);
     delete fileWatcher;
-    for (QPushButton *button : mapButtonKeys.keys())
-        delete button;
+    for (auto key = mapButtonKeys.cbegin(); key != mapButtonKeys.cend(); ++key)
+        delete key.key();
     delete btnSave;
     delete btnClear;
 }
@@ -184,9 +184,10 @@ QHBoxLayout *KeyMainWindow::createControls(const QSize &buttonSize)
 // A reading file that is missing now stays unwatched for the window's life.
 void KeyMainWindow::watchReadings()
 {
-    fileWatcher = new QFileSystemWatcher(this);
+    auto *watch = new FileWatch(this);
+    fileWatcher = watch;
     if (!QFile::exists(Platform::reading))
         return;
-    fileWatcher->addPath(Platform::reading);
+    watch->watch(Platform::reading);
     connect(fileWatcher, SIGNAL(fileChanged(QString)), this, SLOT(onFileChange(QString)));
 }

@@ -8,10 +8,34 @@
 #include <QDebug>
 #include <QFile>
 
+namespace {
+
+// The window's operations give a channel and its spacing as a map of one entry, or of none.
+QMap<int, int> selectionOf(const ChannelChoice &choice)
+{
+    QMap<int, int> selection;
+    if (choice.channel != -1)
+        selection.insert(choice.channel, choice.spacing);
+    return selection;
+}
+
+ChannelChoice choiceOf(const QMap<int, int> &selection)
+{
+    if (selection.isEmpty())
+        return {};
+    return { selection.firstKey(), selection.first() };
+}
+
+} // namespace
+
+// The "0" goes to the medium: with a "1" from before, the next boot would begin in learning mode.
 void KeyMainWindow::writeLearnFlag(bool on)
 {
-    if (QFile::exists(Platform::flag))
-        writeFile(Platform::flag, on ? "1" : "0");
+    if (!QFile::exists(Platform::flag))
+        return;
+    writeFile(Platform::flag, on ? "1" : "0");
+    if (!on)
+        flushToMedium(Platform::flag);
 }
 
 void KeyMainWindow::writeClearFlag()
@@ -45,7 +69,7 @@ void KeyMainWindow::setDirectionRoad(QJsonObject configuration, QMap<int, QStrin
 
 QMap<int, int> KeyMainWindow::insertSwcKey1Flag()
 {
-    const QMap<int, int> selection = selectChannel(mapSwcKeys, keyLine2);
+    const QMap<int, int> selection = selectionOf(selectChannel(mapSwcKeys, keyLine2));
     if (!selection.isEmpty())
         qDebug("[swc_print][func:%s][line:%d][size:%d][key:%d][value:%d]", __func__, __LINE__,
                selection.size(), selection.firstKey(), selection.first());
@@ -54,7 +78,7 @@ QMap<int, int> KeyMainWindow::insertSwcKey1Flag()
 
 QMap<int, int> KeyMainWindow::insertSwcKey2Flag()
 {
-    const QMap<int, int> selection = selectChannel(mapSwcKeys, keyLine3);
+    const QMap<int, int> selection = selectionOf(selectChannel(mapSwcKeys, keyLine3));
     if (!selection.isEmpty())
         qDebug("[swc_print][%s %d][size:%d][key:%d][value:%d]", __func__, __LINE__,
                selection.size(), selection.firstKey(), selection.first());
@@ -65,20 +89,19 @@ QMap<int, int> KeyMainWindow::insertSwcKey2Flag()
 // the old content goes, and on the medium before the program ends.
 void KeyMainWindow::saveSwcKeys()
 {
-    QVector<Decoding> decodings;
-    for (const auto select :
-         { &KeyMainWindow::insertSwcKey1Flag, &KeyMainWindow::insertSwcKey2Flag }) {
-        const Decoding decoding = decodingOf((this->*select)());
-        if (decoding.road != -1)
-            qDebug("[swc_print][%s %d][key:%d][value:%d]", __func__, __LINE__, decoding.road,
-                   decoding.interval);
-        decodings.append(decoding);
-    }
+    const ChannelChoice line2 = choiceOf(insertSwcKey1Flag());
+    if (line2.channel != -1)
+        qDebug("[swc_print][%s %d][key:%d][value:%d]", __func__, __LINE__, line2.channel,
+               line2.interval());
+    const ChannelChoice line3 = choiceOf(insertSwcKey2Flag());
+    if (line3.channel != -1)
+        qDebug("[swc_print][%s %d][key:%d][value:%d]", __func__, __LINE__, line3.channel,
+               line3.interval());
 
     QByteArray text;
     if (!mapSwcKeys.isEmpty()) {
         qDebug("[swc_print][func:%s]", __func__);
-        text = configurationText(mapSwcKeys, decodings.at(0), decodings.at(1));
+        text = configurationText(mapSwcKeys, line2, line3);
     }
     writeFile(Platform::configuration, text);
     flushToMedium(Platform::configuration);
@@ -88,6 +111,6 @@ void KeyMainWindow::backupDirection()
 {
     if (QFile::exists(Platform::backup))
         return;
-    copyFile(Platform::configuration, Platform::backup);
+    copyToNewFile(Platform::configuration, Platform::backup);
     flushToMedium(Platform::backup);
 }

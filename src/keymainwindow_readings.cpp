@@ -2,32 +2,14 @@
 
 #include "androidtoast.h"
 #include "buttonstyles.h"
+#include "filewatch.h"
 #include "platformfiles.h"
 #include "reading.h"
 #include "records.h"
 
 #include <QDebug>
 #include <QFile>
-#include <QFileSystemWatcher>
 #include <QPushButton>
-
-namespace {
-
-// Where a new file was renamed over the old one, the watch stays with the old one, and goes when
-// nobody holds that any more. Following it before reading leaves no gap. A new watch costs as much
-// as half a sample and wakes the program once more, so the same file is not watched again.
-void followFile(QFileSystemWatcher *watcher, const QString &path, quint64 number)
-{
-    constexpr char watchedNumber[] = "watchedNumber";
-    if (number != 0 && watcher->property(watchedNumber).toULongLong() == number
-        && watcher->files().contains(path))
-        return;
-    watcher->removePath(path);
-    watcher->addPath(path);
-    watcher->setProperty(watchedNumber, number);
-}
-
-} // namespace
 
 void KeyMainWindow::onFileChange(QString path)
 {
@@ -64,13 +46,15 @@ void KeyMainWindow::onFileChange(QString path)
 
 bool KeyMainWindow::takeReading(const QString &path, Reading *reading)
 {
-    const quint64 number = fileNumber(path);
-    if (number == 0 && !QFile::exists(path))
+    quint64 inode = 0;
+    QByteArray bytes = readFile(path, &inode);
+    if (inode == 0 && !QFile::exists(path))
         return false;
-    if (fileWatcher && sender() == fileWatcher)
-        followFile(fileWatcher, path, number);
+    // A file that was not watched may have changed since it was read, without a signal.
+    if (fileWatcher && sender() == fileWatcher
+        && static_cast<FileWatch *>(fileWatcher)->follow(path, inode))
+        bytes = readFile(path);
 
-    const QByteArray bytes = readFile(path);
     const QString text = QString::fromUtf8(bytes.constData()); // ends at a NUL byte
     switch (parseReading(text, reading)) {
     case ReadingFault::None:
@@ -123,4 +107,71 @@ void KeyMainWindow::dropSamplesOfOtherKeys()
 {
     if (!mapSampleKeys.isEmpty() && keyCodeOf(mapSampleKeys.first()) != validKey)
         initSampleKeys();
+}
+
+void KeyMainWindow::insertSampleKeys(int &index, QString &sample)
+{
+    for (const QString &stored : mapSampleKeys) {
+        if (stored == sample) {
+            qDebug("[swc_print][ChongFuKeys...]");
+            return;
+        }
+    }
+    mapSampleKeys.insert(index, sample);
+    qDebug("[swc_print][func:%s][key:%d, value(%s)][size:%d]", __func__, index,
+           sample.toLocal8Bit().constData(), mapSampleKeys.size());
+}
+
+bool KeyMainWindow::isChuanKey(QString &sample)
+{
+    if (mapSwcKeys.isEmpty()) {
+        qDebug("[swc_print][%s][mapSwcKeys' size is empty]", __func__);
+        return false;
+    }
+    const RecordFields fields(sample);
+    for (const QString &learned : mapSwcKeys) {
+        if (collides(fields, RecordFields(learned)))
+            return true;
+    }
+    return false;
+}
+
+int KeyMainWindow::insertSwcKeys()
+{
+    if (mapSampleKeys.isEmpty()) {
+        qDebug("[swc_print][func:%s][line:%d][mapSampleKeys is empty]", __func__, __LINE__);
+        return -1;
+    }
+    mapSwcKeys.insert(keyCodeOf(mapSampleKeys.first()), learnedRecordFrom(mapSampleKeys));
+    return 0;
+}
+
+bool KeyMainWindow::isKeyLearned(int code)
+{
+    if (!mapSwcKeys.contains(code))
+        return false;
+    qDebug("[swc_print]%d is LEARNED.", code);
+    return true;
+}
+
+void KeyMainWindow::initSampleKeys()
+{
+    if (mapSampleKeys.isEmpty())
+        return;
+    dropSamples();
+    qDebug("[swc_print][func:%s][mapSampleKeys' size:%d]", __func__, mapSampleKeys.size());
+}
+
+void KeyMainWindow::dropSamples()
+{
+    mapSampleKeys.clear();
+    sampleKeyIdx = 0;
+}
+
+void KeyMainWindow::initSwcKeys()
+{
+    if (mapSwcKeys.isEmpty())
+        return;
+    mapSwcKeys.clear();
+    qDebug("[swc_print][func:%s][size:%d]", __func__, mapSwcKeys.size());
 }

@@ -4,18 +4,33 @@
 
 #include <QApplication>
 #include <QDebug>
-#include <QFile>
+#include <QFileInfo>
 #include <QFont>
 #include <QFontDatabase>
 #include <QTranslator>
+
+#include <csignal>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 
 constexpr int chineseIndex = 1; // every other system language gets English
 
+// Where standard input, output or error is closed, the next file that is opened gets its number,
+// and lines for the log would go into the connection to the screen.
+void openStandardFiles()
+{
+    for (int file : { STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO }) {
+        if (fcntl(file, F_GETFD) == -1)
+            open("/dev/null", O_RDWR); // gets the lowest number that is free
+    }
+}
+
 void installTranslation(QApplication *application, const QString &path)
 {
-    const QFile file(path);
+    const QFileInfo file(path);
     if (!file.exists()) {
         qDebug() << "[swc_print] no exist.";
         return;
@@ -23,16 +38,19 @@ void installTranslation(QApplication *application, const QString &path)
     // A null text would stand for Qt's default suffix and delimiters, an empty one is none.
     const QString none("");
     auto *translator = new QTranslator(application);
-    const bool loaded = translator->load(path, none, none, none);
+    const bool loaded = file.isFile() && translator->load(path, none, none, none);
     qDebug() << "[swc_print] load" << loaded;
     const bool installed = QCoreApplication::installTranslator(translator);
-    qDebug() << "[swc_print] path" << file.fileName() << " install" << installed;
+    qDebug() << "[swc_print] path" << file.filePath() << " install" << installed;
 }
 
 } // namespace
 
 int main(int argc, char **argv)
 {
+    openStandardFiles();
+    std::signal(SIGPIPE, SIG_IGN); // the log's reader may go before the program does
+
     QApplication application(argc, argv);
     Util util;
     const bool chinese = util.getLanguageIdx() == chineseIndex;

@@ -3,15 +3,22 @@
 #include <QByteArray>
 #include <QString>
 
-// Reading, writing and copying the platform's files. Failures are not reported: the callers go on
-// whatever happens.
+// Reading, writing and copying the platform's files. Nothing here waits for a partner: what is no
+// regular file reads as empty and is not written. Failures are not reported, since the callers go
+// on whatever happens.
 
-// The whole file without its carriage returns; empty where it can't be read or has more than 128
-// MB. A text that changes while it is read is read again, at most a few times.
-QByteArray readFile(const QString &path);
+constexpr int largestFile = 128 << 20; // in bytes; far more than the platform's files have
 
-// What tells a file from one renamed over it; 0 where that is not known.
-quint64 fileNumber(const QString &path);
+// The whole file without its carriage returns. Empty where it can't be read, has more than 128 MB,
+// or still changes after it was read a few times: whoever changes it is not done. `inode` tells the
+// file from one renamed over it; 0 where that is not known.
+QByteArray readFile(const QString &path, quint64 *inode = nullptr);
+
+// The same of no more than the first `size` bytes, read once.
+QByteArray readStart(const QString &path, int size);
+
+// 0 where it is not known.
+quint64 inodeOf(const QString &path);
 
 // Replaces the content in place; nothing happens where the file can't be opened.
 void writeFile(const QString &path, const QByteArray &content);
@@ -21,3 +28,6 @@ void flushToMedium(const QString &path);
 
 // Copies with attributes through the shell. The paths must need no quoting.
 void copyFile(const QString &from, const QString &to);
+
+// Copies likewise to a file that does not exist yet, and leaves no part of a copy behind.
+void copyToNewFile(const QString &from, const QString &to);

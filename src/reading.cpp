@@ -14,7 +14,7 @@ ReadingFault parseReading(const QString &text, Reading *reading)
     const QStringList parts = text.split(':');
     const QString payload = parts.at(1).left(parts.at(0).toInt()); // a negative count takes all
     const RecordFields fields(payload);
-    if (fields.size() < 4)
+    if (fields.size() < 1 + channelCount)
         return ReadingFault::TooFewFields;
 
     reading->payload = payload;

@@ -4,6 +4,8 @@
 
 #include <array>
 
+constexpr int channelCount = 3; // values of the converter in a reading
+
 // The driver's two groups of keys.
 constexpr int keyLine2 = 2;
 constexpr int keyLine3 = 3;
@@ -15,7 +17,7 @@ struct Reading
 {
     QString payload; // the counted characters as they came, further fields included
     int keyLine = 0;
-    std::array<int, 3> adc{};
+    std::array<int, channelCount> adc{};
 };
 
 enum class ReadingClass {

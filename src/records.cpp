@@ -1,11 +1,13 @@
 #include "records.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
 
 constexpr int tolerance = 60; // converter steps between two samples of one key
-constexpr int sampleRecordFields = 1 + learnedRecordFields;
+constexpr int firstValueOfSample = 2; // after the code and the key line
+constexpr int sampleRecordFields = firstValueOfSample + channelCount;
 
 int roundedMean(int sum, int count)
 {
@@ -35,9 +37,12 @@ QString sampleRecord(int code, const QString &payload)
     return QString::number(code) + ',' + payload;
 }
 
-QString learnedRecord(int keyLine, int adc1, int adc2, int adc3)
+QString learnedRecord(int keyLine, const std::array<int, channelCount> &adc)
 {
-    return QString("%1,%2,%3,%4").arg(keyLine).arg(adc1).arg(adc2).arg(adc3);
+    QString record = QString::number(keyLine);
+    for (int value : adc)
+        record += ',' + QString::number(value);
+    return record;
 }
 
 bool collides(const RecordFields &sample, const RecordFields &learned)
@@ -61,14 +66,15 @@ int keyCodeOf(const QString &sample)
 
 QString learnedRecordFrom(const QMap<int, QString> &samples)
 {
-    int sums[channelCount] = {};
+    std::array<int, channelCount> sums{};
     for (const QString &sample : samples) {
         const RecordFields fields(sample);
-        for (int i = 0; i < channelCount; ++i)
-            sums[i] += fields.at(i + 2);
+        int field = firstValueOfSample;
+        for (int &sum : sums)
+            sum += fields.at(field++);
     }
-    const int count = samples.size();
-    const int keyLine = RecordFields(samples.first()).at(1);
-    return learnedRecord(keyLine, roundedMean(sums[0], count), roundedMean(sums[1], count),
-                         roundedMean(sums[2], count));
+    std::array<int, channelCount> means{};
+    std::transform(sums.begin(), sums.end(), means.begin(),
+                   [&samples](int sum) { return roundedMean(sum, samples.size()); });
+    return learnedRecord(RecordFields(samples.first()).at(1), means);
 }

@@ -1,13 +1,16 @@
 #pragma once
 
+#include "reading.h"
+
 #include <QMap>
 #include <QString>
 #include <QVarLengthArray>
 
+#include <array>
+
 // Comma-separated records. A sample record is "code,keyLine,adc,adc,adc[,more]", a learned record
 // "keyLine,adc,adc,adc". One from the configuration file may have fewer fields or more.
 
-constexpr int channelCount = 3; // values of the converter in a reading
 constexpr int learnedRecordFields = 1 + channelCount;
 
 // A record split once, its numbers read as they are asked for: most comparisons end with the first
@@ -15,7 +18,7 @@ constexpr int learnedRecordFields = 1 + channelCount;
 class RecordFields
 {
 public:
-    RecordFields(QString record);
+    explicit RecordFields(QString record);
 
     int size() const { return ends.size(); }
     int at(int index) const;
@@ -26,7 +29,7 @@ private:
 };
 
 QString sampleRecord(int code, const QString &payload);
-QString learnedRecord(int keyLine, int adc1, int adc2, int adc3);
+QString learnedRecord(int keyLine, const std::array<int, channelCount> &adc);
 
 // True if both are on one key line and no converter value differs by more than 60. A record that
 // lacks a field collides with nothing.

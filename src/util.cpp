@@ -1,18 +1,20 @@
 #include "util.h"
 
 #include "platform.h"
+#include "platformfiles.h"
 
 #include <QDebug>
-#include <QFile>
 #include <QStringList>
+
+namespace {
+
+constexpr int mostSettings = 1 << 20; // in bytes; far more than the platform's settings have
+
+} // namespace
 
 int Util::getLanguageIdx()
 {
-    QFile settings(Platform::settings);
-    if (!settings.exists() || !settings.open(QIODevice::ReadOnly | QIODevice::Text))
-        return 0;
-
-    const QString line = languageLine(settings);
+    const QString line = languageLine(readStart(Platform::settings, mostSettings));
     if (line.isEmpty())
         return 0;
 
@@ -21,10 +23,10 @@ int Util::getLanguageIdx()
     return index;
 }
 
-QString languageLine(QIODevice &settings)
+QString languageLine(const QByteArray &settings)
 {
-    while (!settings.atEnd()) {
-        QString line = QString::fromUtf8(settings.readLine().simplified());
+    for (const QByteArray &bytes : settings.split('\n')) {
+        QString line = QString::fromUtf8(bytes.simplified());
         if (line.startsWith("SystemLanguageId"))
             return line;
     }

@@ -37,17 +37,17 @@ QString meanOf(const QString &samples)
 QString collisionOf(const QString &records)
 {
     const QString learned = records.section(' ', 1);
-    return collides(records.section(' ', 0, 0), learned) ? "collides" : "differs";
+    return collides(RecordFields(records.section(' ', 0, 0)), RecordFields(learned)) ? "collides"
+                                                                                     : "differs";
 }
 
 QString channelOf(const QString &records)
 {
-    const QMap<int, int> selection = selectChannel(numbered(records), 2);
-    QString outcome;
-    for (int channel : selection.keys())
-        outcome += QString("%1 by %2, ").arg(channel).arg(selection.value(channel));
-    const Decoding decoding = decodingOf(selection);
-    return outcome + QString("road %1 interval %2").arg(decoding.road).arg(decoding.interval);
+    const ChannelChoice choice = selectChannel(numbered(records), 2);
+    return QString("%1 by %2, interval %3")
+        .arg(choice.channel)
+        .arg(choice.spacing)
+        .arg(choice.interval());
 }
 
 QString catalogueOf(const QString &text)
@@ -112,13 +112,13 @@ collision, 61 in the third: 9,2,1000,2000,3000 2,1000,2000,3061 => differs
 collision, the other key line: 9,2,1000,2000,3000 3,1000,2000,3000 => differs
 collision, a learned record of three fields: 9,2,1,2,0 2,1,2 => differs
 collision, the ends of int: 9,2,2147483647,0,0 2,-2147483648,0,0 => differs
-channel, no key of the line: 3,1,2,3 => road -1 interval -1
-channel, a tie of 2 and 3: 2,806,4094,4094 => 3 by 4094, road 3 interval 2047
-channel, the distance of neighbours: 2,2301,3,4 3,0,0,0 2,1202,3,4 => 1 by 1099, road 1 interval 549
-channel, the lowest value is less: 2,10,0,0 2,500,0,0 => 1 by 10, road 1 interval 5
-channel, values in no order: 2,0,3000,0 2,0,900,0 2,0,2000,0 => 2 by 900, road 2 interval 450
-channel, missing values count as 0: 2 2,8,9 => 3 by 0, road 3 interval 0
-channel, the ends of int: 2,2147483647,-9,-9 2,-2147483648,-9,-9 => 3 by -9, road 3 interval -5
+channel, no key of the line: 3,1,2,3 => -1 by -1, interval -1
+channel, a tie of 2 and 3: 2,806,4094,4094 => 3 by 4094, interval 2047
+channel, the distance of neighbours: 2,2301,3,4 3,0,0,0 2,1202,3,4 => 1 by 1099, interval 549
+channel, the lowest value is less: 2,10,0,0 2,500,0,0 => 1 by 10, interval 5
+channel, values in no order: 2,0,3000,0 2,0,900,0 2,0,2000,0 => 2 by 900, interval 450
+channel, missing values count as 0: 2 2,8,9 => 3 by 0, interval 0
+channel, the ends of int: 2,2147483647,-9,-9 2,-2147483648,-9,-9 => 3 by -9, interval -5
 catalogue, a comment begins a line: # a 1 b\r\n#c 2 d\r\n  # a\r\n  # a b\r\n => # 0 b
 catalogue, tabs, a fourth field, no line end: \ta \t 1\tb c => a 1 b
 catalogue, fewer fields, no number, the same row again: a 1\r\n\r\n   \r\nb 0x5 c\r\nb 0x5 c\r\n => b 0 c|b 0 c
