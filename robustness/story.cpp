@@ -39,7 +39,7 @@ QString Story::tell(int stepCount)
         checkEnd();
     if (fault.isEmpty())
         return fault;
-    return steps.mid(qMax(0, steps.size() - shownSteps)).join('\n') + '\n' + fault;
+    return QStringList(steps.mid(qMax(0, steps.size() - shownSteps))).join('\n') + '\n' + fault;
 }
 
 int Story::anyKey()

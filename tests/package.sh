@@ -17,7 +17,7 @@ sysroot=$5
 emulator=("${@:6}")
 root=$build/root
 . "$project/desk/headunit.sh"
-. "$project/desk/screen.sh"
+. "$project/desk/stage.sh"
 
 package() {
     rm -f "$build"/*.deb "$build"/*.tar.gz

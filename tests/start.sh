@@ -5,7 +5,7 @@ set -euo pipefail
 
 project=$(cd "$(dirname "$0")/.." && pwd)
 . "$project/desk/headunit.sh"
-. "$project/desk/screen.sh"
+. "$project/desk/stage.sh"
 build=$1
 shift
 emulator=("$@")

@@ -1,0 +1,142 @@
+# Sourced: what every stage of the story shares. A stage is a place where the program can be used as a
+# person uses it; its file adds the hands and eyes:
+#
+#   open_stage WIDTH HEIGHT   the screen, the head unit's files and the driver's stand-in
+#   start_program             again or for the first time, until its window shows
+#   program_ended             waits for that, and gives the exit code
+#   touch_screen X Y          one tap
+#   pixel X Y                 its colour as #RRGGBB
+#   screenshot FILE           as PNG
+#   content NAME              of a file that the program shares with the driver
+#
+# It needs $project, the project's folder.
+
+at_exit_commands=()
+
+# at_exit COMMAND: run it when the shell ends, the last one first, whatever became of the others.
+at_exit() {
+    at_exit_commands=("$1" "${at_exit_commands[@]}")
+    trap 'for command in "${at_exit_commands[@]}"; do eval "$command" 2>/dev/null || true; done' EXIT
+}
+
+# await SECONDS WHAT COMMAND...: until the command succeeds; ends the shell where it doesn't.
+await() {
+    local seconds=$1 what=$2 deadline=$((SECONDS + $1 + 1))
+    shift 2
+    until "$@"; do
+        if [ $SECONDS -ge $deadline ]; then
+            echo "Waited $seconds s for $what" >&2
+            exit 1
+        fi
+        sleep 0.05
+    done
+}
+
+milliseconds() {
+    date +%s%3N
+}
+
+# lay_out WIDTH HEIGHT: where the buttons are on such a screen.
+lay_out() {
+    width=$1 height=$2
+    case $2 in
+    480) rows=(244 307 370) controls=440 rim=25 ;;
+    600) rows=(299 381 462) controls=551 rim=32 ;;
+    esac
+}
+
+# The names of the keys in the order of the grid.
+key_names() {
+    tr -d '\r' <"$project/img/btListInfo.txt" | awk '!/^#/ { print $1 }'
+}
+
+# place NAME: the centre of a key, of save and clear, or of the question's yes and no. Eight keys
+# are in a row; the question is 240 x 160 in the middle.
+place() {
+    local index
+    case $1 in
+    save) echo $((width / 4)) $controls ;;
+    clear) echo $((width * 3 / 4)) $controls ;;
+    yes) echo $((width / 2 - 60)) $((height / 2 + 55)) ;;
+    no) echo $((width / 2 + 60)) $((height / 2 + 55)) ;;
+    *)
+        index=$(($(key_names | grep -nxF -e "$1" | cut -d: -f1) - 1))
+        echo $(((2 * (index % 8) + 1) * width / 16)) "${rows[index / 8]}"
+        ;;
+    esac
+}
+
+tap() {
+    local x y
+    read -r x y <<<"$(place "$1")"
+    touch_screen "$x" "$y"
+}
+
+# is_colour NAME COLOUR: the button's background, taken below its symbol, as a person sees it.
+is_colour() {
+    local x y hex
+    read -r x y <<<"$(place "$1")"
+    case $2 in
+    gray) hex='#505050' ;;
+    blue) hex='#0000FF' ;;
+    green) hex='#008000' ;;
+    esac
+    [ "$(pixel "$x" $((y + rim)))" = "$hex" ]
+}
+
+await_colour() {
+    await 10 "$1 to turn $2" is_colour "$1" "$2"
+}
+
+# The notice is a white box, 160 x 80, 10 pixels above the bottom.
+notice_shows() {
+    [ "$(pixel $((width / 2 - 72)) $((height - 50)))" = '#FFFFFF' ]
+}
+
+no_notice_shows() {
+    ! notice_shows
+}
+
+question_shows() {
+    [ "$(pixel $((width / 2 - 100)) $((height / 2 - 60)))" = '#282828' ]
+}
+
+# answer yes|no: to the question that opens.
+answer() {
+    await 5 "the question" question_shows
+    tap "$1"
+}
+
+# driver COMMAND...: to the stand-in, which reads them from $commands and answers on $replies; ends
+# the shell where it does not say ok.
+driver() {
+    local reply
+    echo "$*" >&"$commands"
+    while read -r -t 30 reply <&"$replies"; do
+        reply=${reply%$'\r'}
+        [ "$reply" != ok ] || return 0
+        echo "$reply"
+    done
+    echo "The driver's stand-in failed at: $*" >&2
+    exit 1
+}
+
+# teach KEY [WHEEL_KEY]: the key of the screen, by the wheel's key of that or the same name.
+# A machine that stands still for seconds lets the selection time out, and a person would try again.
+# Where there was time enough, a reading was lost.
+teach() {
+    local attempt tapped taken
+    for attempt in 1 2 3; do
+        tapped=$(milliseconds)
+        tap "$1"
+        await_colour "$1" blue
+        driver press "${2:-$1}" 250ms
+        taken=$(($(milliseconds) - tapped))
+        if (await_colour "$1" green); then
+            return
+        fi
+        echo "$1 was not learned at attempt $attempt, pressed and released within $taken ms" >&2
+        [ "$taken" -gt 2000 ] || exit 1
+    done
+    exit 1
+}
