@@ -27,3 +27,13 @@ require_packages() {
     }
     rm -f "$log"
 }
+
+# one_at_a_time ARGUMENT...: starts the command again as the only one of its folder; two at once would
+# build in the same folders.
+one_at_a_time() {
+    [ -z "${SWC_ONLY_ONE-}" ] || return 0
+    mkdir -p build
+    flock --nonblock build/lock true ||
+        echo "Another command is at work here; this one goes on when that has ended."
+    SWC_ONLY_ONE=yes exec flock --close build/lock "$PWD/${0##*/}" "$@"
+}

@@ -38,7 +38,7 @@ void installTranslation(QApplication *application, const QString &path)
     // A null text would stand for Qt's default suffix and delimiters, an empty one is none.
     const QString none("");
     auto *translator = new QTranslator(application);
-    const bool loaded = file.isFile() && translator->load(path, none, none, none);
+    const bool loaded = translator->load(file.isFile() ? path : none, none, none, none);
     qDebug() << "[swc_print] load" << loaded;
     const bool installed = QCoreApplication::installTranslator(translator);
     qDebug() << "[swc_print] path" << file.filePath() << " install" << installed;
