@@ -1,8 +1,19 @@
-# cpack: the unit's tree as a Debian package and as an archive.
+# The product's version inside the program, what a Debian package tells about it, and cpack: the
+# unit's tree as a Debian package and as an archive.
+
+# readelf -p .comment shows the version, and readelf -n the number of the very build.
+file(CONFIGURE OUTPUT version.cpp CONTENT [[__asm__(".ident \"Velmora @PROJECT_VERSION@\"");]] @ONLY)
+target_sources(velmora PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/version.cpp)
+target_link_options(velmora PRIVATE -Wl,--build-id)
 
 set(CPACK_GENERATOR TGZ DEB)
 set(CPACK_PACKAGE_CONTACT "Velmora maintainers <maintainers@velmora.invalid>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
+set(CPACK_PACKAGE_DESCRIPTION
+"A full-screen program for a touch screen. It shows the keys that a steering
+wheel can have. Tap one, press that key on the wheel, and once all keys are
+taught, save: the unit's driver knows each of them by what was measured.
+The unit's platform starts it and has the driver of the wheel.")
 set(CPACK_SET_DESTDIR ON) # the catalogues' place is absolute
 set(CPACK_INCLUDE_TOPLEVEL_DIRECTORY OFF)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
@@ -10,6 +21,14 @@ set(CPACK_DEBIAN_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-droid-fallback, fonts-dejavu-core")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_SYSTEM_NAME linux-${CMAKE_SYSTEM_PROCESSOR})
+
+configure_file(cmake/copyright.in copyright @ONLY)
+execute_process(COMMAND gzip -9nc INPUT_FILE ${CMAKE_SOURCE_DIR}/docs/changelog
+    OUTPUT_FILE ${CMAKE_BINARY_DIR}/changelog.gz COMMAND_ERROR_IS_FATAL ANY)
+install(FILES ${CMAKE_BINARY_DIR}/copyright ${CMAKE_BINARY_DIR}/changelog.gz
+    DESTINATION /usr/share/doc/${PROJECT_NAME})
+install(FILES cmake/lintian-overrides
+    DESTINATION /usr/share/lintian/overrides RENAME ${PROJECT_NAME})
 
 if(CMAKE_CROSSCOMPILING)
     set(CPACK_DEBIAN_PACKAGE_ARCHITECTURE armhf)
