@@ -2,7 +2,7 @@
 
 build_packages=(g++ cmake make ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools)
 screen_packages=(xvfb openbox xdotool imagemagick fonts-droid-fallback fonts-dejavu-core)
-unit_packages=(iproute2 dpkg-dev file) # to package the program, and to run it by itself
+unit_packages=(iproute2 dpkg-dev file lintian) # to package the program, and to run it by itself
 arm_packages=(g++-arm-linux-gnueabihf qemu-user)
 check_packages=(clang-format clang-tidy librsvg2-bin optipng)
 robustness_packages=(clang-14 libclang-rt-14-dev strace valgrind)
@@ -16,8 +16,15 @@ require_packages() {
             missing+=("$package")
     done
     [ ${#missing[@]} -gt 0 ] || return 0
+    if [ "$(id -u)" != 0 ]; then
+        as_root=(sudo)
+        sudo -n true 2>/dev/null || { [ -t 0 ] && sudo -v; } || {
+            echo "Packages are missing. Let root run this, then try again:" >&2
+            echo "  apt-get install --no-install-recommends ${missing[*]}" >&2
+            exit 1
+        }
+    fi
     echo "Installing ${missing[*]}"
-    [ "$(id -u)" = 0 ] || as_root=(sudo -n)
     log=$(mktemp)
     "${as_root[@]}" apt-get update -q >"$log" 2>&1 || true # an old index may still do
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -q \

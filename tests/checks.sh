@@ -22,7 +22,7 @@ check_format() {
 }
 
 check_tidy() {
-    git ls-files -- 'src/*.cpp' 'simulator/*.cpp' | xargs -P 2 -n 4 clang-tidy --quiet -p "$build" \
+    git ls-files -- {src,simulator,tests,bench}/'*.cpp' | xargs -P 2 -n 4 clang-tidy --quiet -p "$build" \
         2> >(grep -v 'warnings generated' >&2)
 }
 
@@ -42,22 +42,15 @@ check_texts() {
     done
 }
 
-# A build without any option has the unit's absolute paths, and installs the unit's tree.
-check_product() {
-    local path
-    cat languages/*.ts >"$scratch/texts.before"
-    cmake -S . -B "$scratch/build" >/dev/null
-    cmake --build "$scratch/build" >/dev/null
-    DESTDIR=$scratch/unit cmake --install "$scratch/build" >/dev/null
-    for path in bin/velmora languages/Velmora_en_gb.qm languages/Velmora_zh_rCN.qm; do
-        [ -s "$scratch/unit/application/$path" ] || fail "$path is not installed"
-    done
-    for path in media/flash/nvm/swc_keys application/languages/Velmora_en_gb.qm; do
-        grep -qaP "\\x00/$path\\x00" "$scratch/unit/application/bin/velmora" ||
-            fail "the program does not use /$path"
-    done
-    ! find "$scratch/build" -name 'swc-*' -o -name 'tst_*' | grep . || fail "more than the product"
-    cmp "$scratch/texts.before" <(cat languages/*.ts) || fail "the build changed the texts"
+# Who may not install packages, and can't be asked for a password, is told the one command to run.
+check_packages() {
+    printf '#!/bin/sh\nexit 1\n' | tee "$scratch/sudo" >"$scratch/apt-get"
+    chmod +x "$scratch"/*
+    ! tests/as_user.sh env PATH="$scratch:/usr/bin:/bin" bash -c \
+        '. desk/packages.sh && require_packages make velmora-nowhere' </dev/null >"$scratch/out" 2>&1 ||
+        fail "no package is missing"
+    grep -qx '  apt-get install --no-install-recommends velmora-nowhere' "$scratch/out" ||
+        fail "$(cat "$scratch/out")"
 }
 
 "check_$1"

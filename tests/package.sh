@@ -1,15 +1,15 @@
 #!/usr/bin/env bash
-# package.sh SOURCE BUILD TOOLCHAIN SYSROOT [EMULATOR...]: the product's packages hold the same tree;
-# the Debian one installs into an empty root, where its dependencies are counted as installed that
-# the machine or the sysroot has, and the program starts there.
+# package.sh SOURCE BUILD TOOLCHAIN SYSROOT [EMULATOR...]: the product's packages hold the same tree and
+# Debian's checker finds no fault in it; the Debian one installs into an empty root, where its
+# dependencies are counted as installed that the machine or the sysroot has, and the program starts
+# there, in another folder than the root to show that its paths are absolute.
 set -euo pipefail
 
 # In namespaces of its own no mount and no process outlives the test.
 if [ "$1" != alone ]; then
-    as_user=()
-    [ "$(id -u)" = 0 ] || as_user=(--map-root-user)
-    exec unshare "${as_user[@]}" --mount --pid --fork --mount-proc --kill-child "$0" alone "$@"
+    exec unshare --map-root-user --mount --pid --fork --mount-proc --kill-child "$0" alone "$@"
 fi
+PATH+=:/usr/sbin:/sbin # dpkg and chroot need what a user's PATH leaves out
 project=$2
 build=$3/package
 toolchain=$4
@@ -20,11 +20,26 @@ root=$build/root
 . "$project/desk/stage.sh"
 
 package() {
+    mkdir -p "$build"
     rm -f "$build"/*.deb "$build"/*.tar.gz
-    cmake -S "$project" -B "$build" -G Ninja \
+    cd "$project"
+    cat languages/*.ts >"$build/texts.before"
+    cmake --preset product -B "$build" \
         ${toolchain:+-DCMAKE_TOOLCHAIN_FILE="$toolchain" -DSWC_SYSROOT="$sysroot"}
     cmake --build "$build"
-    (cd "$build" && cpack)
+    cmp "$build/texts.before" <(cat languages/*.ts) # a build changes no source
+    [ "$(ls "$build/bin")" = velmora ] # and makes nothing of the desk
+    (cd "$build" && umask 022 && cpack)
+}
+
+check_packages() {
+    local version
+    diff <(gunzip -c "$build"/*.tar.gz | files) <(dpkg-deb --fsys-tarfile "$build"/*.deb | files)
+    lintian --allow-root --fail-on error,warning "$build"/*.deb 2> >(grep -v 'root privileges' >&2)
+    version=$(dpkg-parsechangelog -l "$project/docs/changelog" -S Version)
+    [ "$(dpkg-deb -f "$build"/*.deb Version)" = "$version" ]
+    strings "$build/bin/velmora" >"$build/strings.txt"
+    grep -qx "Velmora $version" "$build/strings.txt"
 }
 
 # The files of a tar archive.
@@ -46,28 +61,28 @@ install_package() {
 
 # The root gets the machine's libraries and the emulator; all that the program shares with the
 # platform stays the root's own.
-lend() {
+bind_machine() {
     local place
     for place in /bin /lib* /usr /etc /dev /proc "$project" "$build" $sysroot; do
         if [ -L "$place" ]; then
             cp -P "$place" "$root$place"
         else
             mkdir -p "$root$place"
-            mount --bind "$place" "$root$place"
+            mount --rbind "$place" "$root$place" # with what is mounted below, as a user must
         fi
     done
 }
 
 package
+check_packages
 mkdir -p "$root"
 mount -t tmpfs tmpfs "$root" # nothing is left to delete, and so no mount is ever deleted into
-diff <(gunzip -c "$build"/*.tar.gz | files) <(dpkg-deb --fsys-tarfile "$build"/*.deb | files)
 mkdir -p "$root/tmp"
 install_package
 prepare_platform "$root"
-lend
+bind_machine
 log=$build/log.txt
-chroot "$root" env QT_QPA_PLATFORM=offscreen "${emulator[@]}" /application/bin/velmora >"$log" 2>&1 &
+chroot "$root" env -C /tmp QT_QPA_PLATFORM=offscreen "${emulator[@]}" /application/bin/velmora >"$log" 2>&1 &
 program=$!
 await 20 "the program's window" grep -qE '^x:[0-9]+, y:[0-9]+$' "$log"
 await 5 "the learning flag" grep -qx 1 "$root/$nvm/swc_flags"
