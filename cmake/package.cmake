@@ -12,8 +12,8 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
 set(CPACK_PACKAGE_DESCRIPTION
 "A full-screen program for a touch screen. It shows the keys that a steering
 wheel can have. Tap one, press that key on the wheel, and once all keys are
-taught, save: the unit's driver knows each of them by what was measured.
-The unit's platform starts it and has the driver of the wheel.")
+taught, save: from then on the unit's driver knows each of them by what was
+measured. That driver is the unit's own and no part of this package.")
 set(CPACK_SET_DESTDIR ON) # the catalogues' place is absolute
 set(CPACK_INCLUDE_TOPLEVEL_DIRECTORY OFF)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
