@@ -22,8 +22,8 @@ check_format() {
 }
 
 check_tidy() {
-    git ls-files -- {src,simulator,tests,bench}/'*.cpp' | xargs -P 2 -n 4 clang-tidy --quiet -p "$build" \
-        2> >(grep -v 'warnings generated' >&2)
+    git ls-files -- {src,simulator,tests,bench}/'*.cpp' | xargs -P 2 -n 1 \
+        clang-tidy --quiet -p "$build" 2> >(grep -v 'warnings generated' >&2)
 }
 
 check_icons() {
