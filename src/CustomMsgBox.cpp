@@ -5,6 +5,7 @@
 #include <QDebug>
 #include <QLabel>
 #include <QPushButton>
+#include <QRect>
 
 namespace {
 

@@ -2,11 +2,13 @@
 
 #include "timings.h"
 
+#include <QColor>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QPainter>
 #include <QPropertyAnimation>
 #include <QScreen>
+#include <QSize>
 #include <QTimer>
 
 namespace {

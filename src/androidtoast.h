@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QString>
 #include <QWidget>
 
 class QLabel;
+class QPaintEvent;
 class QPropertyAnimation;
 
 // A short notice at the bottom of the screen that fades in, stays, fades out and deletes itself.

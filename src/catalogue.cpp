@@ -1,6 +1,8 @@
 #include "catalogue.h"
 
+#include <QByteArray>
 #include <QIODevice>
+#include <QString>
 
 namespace {
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFileSystemWatcher>
+#include <QString>
 
 // Watches one file by its name, and knows which file that is.
 class FileWatch : public QFileSystemWatcher

@@ -6,6 +6,7 @@
 #include "platform.h"
 #include "screen.h"
 
+#include <QColor>
 #include <QDebug>
 #include <QFile>
 #include <QGridLayout>
@@ -14,6 +15,7 @@
 #include <QLabel>
 #include <QPalette>
 #include <QPushButton>
+#include <QRect>
 #include <QVBoxLayout>
 
 #include <cstdio>

@@ -2,6 +2,7 @@
 
 #include <QJsonObject>
 #include <QMap>
+#include <QSize>
 #include <QString>
 #include <QVector>
 #include <QWidget>

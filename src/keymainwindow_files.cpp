@@ -5,6 +5,7 @@
 #include "platformfiles.h"
 #include "reading.h"
 
+#include <QByteArray>
 #include <QDebug>
 #include <QFile>
 

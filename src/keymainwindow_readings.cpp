@@ -7,6 +7,7 @@
 #include "reading.h"
 #include "records.h"
 
+#include <QByteArray>
 #include <QDebug>
 #include <QFile>
 #include <QPushButton>

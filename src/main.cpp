@@ -7,6 +7,8 @@
 #include <QFileInfo>
 #include <QFont>
 #include <QFontDatabase>
+#include <QString>
+#include <QStringList>
 #include <QTranslator>
 
 #include <csignal>
