@@ -2,23 +2,20 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QJsonValue>
 
-#include <cstdio>
 #include <utility>
 
 namespace {
 
+constexpr int largestFile = 1 << 20; // in bytes
+
 QJsonArray learnedKeys(int line, const QJsonObject &configuration)
 {
     return configuration.value(line == 2 ? "direction0" : "direction1").toArray();
-}
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 } // namespace
@@ -42,37 +39,44 @@ int decode(const Measurement &measurement, const QJsonObject &configuration)
     return code;
 }
 
-QString decodeTableRow(const WheelKey &key, const QJsonObject &configuration,
-                       const QString &decodedAs)
+QJsonObject learnedKey(const WheelKey &key, const QJsonObject &configuration)
 {
-    QString learned = "not learned";
     for (const QJsonValue element : learnedKeys(key.contact[0], configuration)) {
-        const QJsonObject object = element.toObject();
-        const QJsonArray adc = object.value("adc").toArray();
-        if (object.value("direction_event").toInt() == key.code)
-            learned = QString("%1 %2 %3 %4 %5 %6")
-                          .arg(key.contact[0])
-                          .arg(adc.at(0).toInt(), 4)
-                          .arg(adc.at(1).toInt(), 4)
-                          .arg(adc.at(2).toInt(), 4)
-                          .arg(object.value("road").toInt(), 6)
-                          .arg(object.value("interval").toInt(), 8);
+        if (element.toObject().value("direction_event").toInt() == key.code)
+            return element.toObject();
     }
-    return QString("%1 %2  %3\n").arg(key.name, -10).arg(learned, -32).arg(decodedAs);
+    return QJsonObject();
 }
 
-QByteArray readingText(const Measurement &measurement)
+QString decodeTableRow(const WheelKey &key, const QJsonObject &learned, const QString &decodedAs)
 {
-    QByteArray payload = QByteArray::number(measurement[0]);
-    for (int channel = 1; channel <= 3; ++channel)
-        payload += ',' + QByteArray::number(measurement[channel]);
-    return QByteArray::number(payload.size()) + ':' + payload;
+    QString values = "not learned";
+    if (!learned.isEmpty()) {
+        values = QString::number(key.contact[0]);
+        for (const QJsonValue value : learned.value("adc").toArray())
+            values += QString(" %1").arg(value.toInt(), 4);
+        values += QString(" %1 %2")
+                      .arg(learned.value("road").toInt(), 6)
+                      .arg(learned.value("interval").toInt(), 8);
+    }
+    return QString("%1 %2  %3\n").arg(key.name, -10).arg(values, -32).arg(decodedAs);
+}
+
+QString readRegularFile(const QString &path, QByteArray *content)
+{
+    QFile file(path);
+    if (file.exists() && !QFileInfo(file).isFile())
+        return "no regular file";
+    if (!file.open(QIODevice::ReadOnly))
+        return file.errorString();
+    *content = file.read(largestFile);
+    return QString();
 }
 
 Driver::Driver(Wheel wheel, const QString &root, int rate, quint32 seed)
     : wheel(std::move(wheel)),
+      folder(QDir(root).filePath("media/flash/nvm/")),
       period(1000 / rate),
-      folder(QDir(root).filePath("media/flash/nvm")),
       chance(seed)
 {
     if (!QDir(folder).exists())
@@ -101,31 +105,36 @@ void Driver::writeNext()
     if (!heldKey)
         return;
     const Measurement measurement = measure(wheel, *heldKey, drift, count++, &chance);
+    const bool learning = isLearning();
     const int code = decode(measurement, configuration());
-    lastFunction = isLearning() ? QString() : wheel.functionName(code);
+    lastFunction = learning ? QString() : wheel.functionName(code);
+    lastNote = learning ? QString() : noteOn(*heldKey, code);
     write(measurement);
 }
 
 void Driver::write(const Measurement &measurement)
 {
-    lastReading = readingText(measurement);
-    const QString path = folder + "/swc_keys";
-    const QString newPath = writing == "rename" ? path + ".new" : path;
-    // Opened for reading too, a file keeps what a longer reading has left behind this one. A file
-    // renamed to its own name stays as it is.
-    const auto mode = writing == "overwrite" ? QIODevice::ReadWrite : QIODevice::WriteOnly;
-    QFile file(newPath);
-    if (!file.open(mode | QIODevice::Unbuffered) || file.write(lastReading) != lastReading.size()
-        || std::rename(QFile::encodeName(newPath), QFile::encodeName(path)) != 0)
-        fileFault = "can't write " + path;
+    lastReading = readingText(payloadOf(measurement));
+    if (!writeReading(folder + "swc_keys", lastReading, way))
+        fileFault = QString("can't write %1swc_keys").arg(folder);
 }
 
-QByteArray Driver::flag() const
+QByteArray Driver::contentOf(const QString &name) const
 {
-    return contentOf(folder + "/swc_flags");
+    QByteArray content;
+    readRegularFile(folder + name, &content);
+    return content;
 }
 
 QJsonObject Driver::configuration() const
 {
-    return QJsonDocument::fromJson(contentOf(folder + "/direction.json")).object();
+    return QJsonDocument::fromJson(contentOf("direction.json")).object();
+}
+
+QString Driver::noteOn(const WheelKey &key, int code) const
+{
+    if (code == 0 || !learnedKey(key, configuration()).isEmpty())
+        return QString();
+    return QString("%1 is not learned: it lies within %2's interval\n")
+        .arg(key.name, wheel.functionName(code));
 }

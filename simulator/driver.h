@@ -2,18 +2,22 @@
 
 #include "wheel.h"
 
+#include <QByteArray>
 #include <QJsonObject>
+#include <QString>
 
 // The driver's reading of the configuration file: the code of the nearest key of the line that is
 // within its interval, 0 if there is none.
 int decode(const Measurement &measurement, const QJsonObject &configuration);
 
-constexpr char decodeTableHeader[] = "key        learned values     road interval  decoded as\n";
-QString decodeTableRow(const WheelKey &key, const QJsonObject &configuration,
-                       const QString &decodedAs);
+// What was learned for the key, empty if nothing.
+QJsonObject learnedKey(const WheelKey &key, const QJsonObject &configuration);
 
-// "<count>:<line>,<value>,<value>,<value>"
-QByteArray readingText(const Measurement &measurement);
+constexpr char decodeTableHeader[] = "key        learned values     road interval  decoded as\n";
+QString decodeTableRow(const WheelKey &key, const QJsonObject &learned, const QString &decodedAs);
+
+// The content of a regular file; gives what is wrong, else nothing.
+QString readRegularFile(const QString &path, QByteArray *content);
 
 // The key driver's side of its three files.
 class Driver
@@ -26,29 +30,35 @@ public:
     void release();
     void writeNext(); // to be called once a period; writes nothing unless a key is held
 
-    QByteArray flag() const;
+    QByteArray contentOf(const QString &name) const; // of a file of the exchange
+    QByteArray flag() const { return contentOf("swc_flags"); }
     bool isLearning() const { return flag() != "0"; }
     QJsonObject configuration() const;
 
     Measurement press(const WheelKey &key) { return settledPress(wheel, key, &chance); }
+    // Why a press that is decoded as the code may puzzle, else nothing.
+    QString noteOn(const WheelKey &key, int code) const;
+
     const WheelKey *held() const { return heldKey; } // nullptr for none
     QString reading() const { return lastReading; }
     QString function() const { return lastFunction; } // of the last press, empty while learning
+    QString note() const { return lastNote; } // on the last press
     QString fault() const { return fileFault; } // of the folder or any reading so far
 
     const Wheel wheel;
+    const QString folder;
     const int period; // ms
-    QString writing = "truncate"; // or "overwrite", or "rename"
+    Way way = Way::Truncate;
 
 private:
     void write(const Measurement &measurement);
 
-    const QString folder;
     Chance chance;
     const WheelKey *heldKey = nullptr;
     double drift = 0; // of the press
     int count = 0; // of the press's readings
     QByteArray lastReading;
     QString lastFunction;
+    QString lastNote;
     QString fileFault;
 };

@@ -1,9 +1,13 @@
+#include "program.h"
 #include "script.h"
 #include "wheelwindow.h"
 
 #include <QApplication>
+#include <QCommandLineOption>
 #include <QCommandLineParser>
-#include <QFile>
+#include <QRegExp>
+#include <QSize>
+#include <QStringList>
 #include <QTextStream>
 
 #include <memory>
@@ -13,7 +17,9 @@ namespace {
 constexpr char description[] =
     R"(A steering wheel and a key driver for the desk. Without --script a window shows the wheel;
 press and hold its keys with the mouse. While swc_flags holds 0 (learning is off), a press is
-decoded with direction.json and the function lights up.
+decoded with direction.json and the function lights up. A command is the head unit's program,
+run in its root folder, its log in log.txt there; the window tells how it ends and starts it
+again.
 
 A wheel is a JSON object with "noise" (standard deviation), "drift" (a whole press is off by
 up to this) and "bounce" (the first value is too high by up to this) in converter steps, and
@@ -30,11 +36,20 @@ const Option options[] = {
     Option("root", "The head unit's root folder, above media/flash/nvm (default: .).", "folder",
            "."),
     Option("wheel", "Another wheel than the built-in one.", "file", ":/wheel.json"),
+    Option("exact", "No noise, drift and bounce: the wheel's own values."),
     Option("seed", "Seed of noise, drift and bounce (default: 1).", "number", "1"),
     Option("rate", "Readings a second, 1 to 1000 (default: 20).", "number", "20"),
     Option("write", "Way of writing, as in a script (default: truncate).", "way", "truncate"),
     Option("script", "Do a file's lines, or standard input's for -, without a display.", "file"),
+    Option("beside", "Lie beside the head unit's window of that size.", "WxH"),
 };
+
+QSize headUnitOf(const QCommandLineParser &parser)
+{
+    QRegExp size("(\\d{1,4})x(\\d{1,4})");
+    return size.exactMatch(parser.value("beside")) ? QSize(size.cap(1).toInt(), size.cap(2).toInt())
+                                                   : QSize();
+}
 
 // Gives what is wrong, else nothing.
 QString readOptions(const QCommandLineParser &parser, Wheel *wheel)
@@ -42,14 +57,19 @@ QString readOptions(const QCommandLineParser &parser, Wheel *wheel)
     bool seedGood = false;
     parser.value("seed").toUInt(&seedGood);
     const int rate = parser.value("rate").toInt();
-    if (!parser.positionalArguments().isEmpty())
-        return "there are only options, see --help";
+    if (parser.isSet("script") && !parser.positionalArguments().isEmpty())
+        return "a script goes without a command, see --help";
     if (!seedGood || rate < 1 || rate > 1000)
         return "--seed wants a whole number, --rate one from 1 to 1000";
-    QFile file(parser.value("wheel"));
-    const QString fault =
-        file.open(QIODevice::ReadOnly) ? parseWheel(file.readAll(), wheel) : file.errorString();
-    return fault.isEmpty() ? QString() : QString("wheel %1: %2").arg(file.fileName(), fault);
+    if (parser.isSet("beside") && headUnitOf(parser).isEmpty())
+        return "--beside wants a size, as 800x480";
+    QByteArray text;
+    QString fault = readRegularFile(parser.value("wheel"), &text);
+    if (fault.isEmpty())
+        fault = parseWheel(text, wheel);
+    if (parser.isSet("exact"))
+        wheel->noise = wheel->drift = wheel->bounce = 0;
+    return fault.isEmpty() ? QString() : QString("wheel %1: %2").arg(parser.value("wheel"), fault);
 }
 
 int fail(const QString &fault)
@@ -67,6 +87,7 @@ int main(int argc, char **argv)
         arguments.append(QString::fromLocal8Bit(argv[i]));
     QCommandLineParser parser;
     parser.setApplicationDescription(description + scriptHelp());
+    parser.addPositionalArgument("command", "The head unit's program.", "[-- command...]");
     for (const QCommandLineOption &option : options)
         parser.addOption(option);
     const bool parsed = parser.parse(arguments);
@@ -87,6 +108,9 @@ int main(int argc, char **argv)
     fault = execute("write " + parser.value("write"), &driver, &output);
     if (!fault.isEmpty())
         return fail(fault);
-    return inTerminal ? runScript(parser.value("script"), &driver, &output, &errors)
-                      : showWheel(&driver);
+    if (inTerminal)
+        return runScript(parser.value("script"), &driver, &output, &errors);
+    Program program(parser.positionalArguments(), parser.value("root"));
+    return showWheel(&driver, parser.positionalArguments().isEmpty() ? nullptr : &program,
+                     headUnitOf(parser));
 }

@@ -12,20 +12,14 @@
 
 namespace {
 
+constexpr int longestLine = 1000;
+constexpr char timeForm[] = "whole milliseconds or seconds, as 600ms or 2s";
+
 struct Command
 {
     const char *usage;
     const char *meaning;
-};
-
-const Command commands[] = {
-    { "press KEY [TIME]", "hold the key, let go after 400ms or TIME" },
-    { "hold KEY", "press and go on with the script" },
-    { "release", "let go" },
-    { "wait TIME", "do nothing else for that time" },
-    { "flag TEXT [TIME]", "expect the flag file to hold TEXT within 5s or TIME" },
-    { "decode KEY|all [KEY|none]", "expect a new press to be decoded as the key or as that" },
-    { "write truncate|overwrite|rename", "change the way of writing" },
+    QString (*run)(Driver *driver, const QStringList &words, QTextStream *output);
 };
 
 // "600ms" or "2s" in milliseconds; -1 for anything else.
@@ -36,7 +30,7 @@ int milliseconds(const QString &text)
 }
 
 // A held key goes on writing in the meantime.
-QString wait(Driver *driver, int duration)
+QString pass(Driver *driver, int duration)
 {
     QElapsedTimer elapsed;
     elapsed.start();
@@ -47,23 +41,41 @@ QString wait(Driver *driver, int duration)
     return QString();
 }
 
-QString press(Driver *driver, const WheelKey &key, const QString &time)
+QString press(Driver *driver, const QStringList &words, QTextStream *)
 {
-    driver->hold(key);
-    wait(driver, milliseconds(time));
+    driver->hold(*driver->wheel.find(words.at(1)));
+    pass(driver, milliseconds(words.value(2, "400ms")));
     driver->release();
-    return wait(driver, driver->period); // the release stays as long as any reading
+    return pass(driver, driver->period); // the release stays as long as any reading
 }
 
-QString expectFlag(Driver *driver, const QString &flag, const QString &limit)
+QString hold(Driver *driver, const QStringList &words, QTextStream *)
 {
+    driver->hold(*driver->wheel.find(words.at(1)));
+    return QString();
+}
+
+QString release(Driver *driver, const QStringList &, QTextStream *)
+{
+    driver->release();
+    return QString();
+}
+
+QString wait(Driver *driver, const QStringList &words, QTextStream *)
+{
+    return pass(driver, milliseconds(words.at(1)));
+}
+
+QString expectFlag(Driver *driver, const QStringList &words, QTextStream *)
+{
+    const QString limit = words.value(2, "5s");
     QElapsedTimer elapsed;
     elapsed.start();
-    while (driver->flag() != flag.toUtf8()) {
+    while (driver->flag() != words.at(1).toUtf8()) {
         if (elapsed.elapsed() >= milliseconds(limit))
             return QString(R"(the flag is "%1" after %2, not "%3")")
-                .arg(QString::fromUtf8(driver->flag()), limit, flag);
-        wait(driver, driver->period);
+                .arg(QString::fromUtf8(driver->flag()), limit, words.at(1));
+        pass(driver, driver->period);
     }
     return QString();
 }
@@ -75,48 +87,67 @@ QString expectDecoded(Driver *driver, const QStringList &words, QTextStream *out
     const bool all = words.at(1) == "all";
     const QJsonObject configuration = driver->configuration();
     QString table = decodeTableHeader;
+    QString notes;
     QStringList wrong;
     for (const WheelKey &key : driver->wheel.keys) {
         if (!all && key.name != words.at(1))
             continue;
         const int code = decode(driver->press(key), configuration);
         const QString decoded = driver->wheel.functionName(code);
-        table += decodeTableRow(key, configuration, decoded);
+        table += decodeTableRow(key, learnedKey(key, configuration), decoded);
+        notes += driver->noteOn(key, code);
         if (decoded != words.value(2, key.name))
             wrong.append(key.name + " is decoded as " + decoded);
     }
-    *output << (all ? table : QString());
+    *output << (all ? table + notes : QString());
     return wrong.join(", ");
 }
 
-// Whether a line may have that word where the command's usage has this one.
-bool fits(const QString &word, const QString &usage, const Wheel &wheel)
+QStringList ways()
 {
-    QStringList choices = usage.split(QRegExp("[][|]")); // brackets leave an empty one
-    return (choices.removeAll("KEY") > 0 && wheel.find(word))
-        || (choices.removeAll("TIME") > 0 && milliseconds(word) >= 0)
-        || (choices.removeAll("TEXT") > 0 && !word.isEmpty()) || choices.contains(word);
+    QStringList names;
+    for (const char *name : wayNames)
+        names.append(name);
+    return names;
 }
 
-QString run(const QStringList &words, Driver *driver, QTextStream *output)
+QString setWay(Driver *driver, const QStringList &words, QTextStream *)
 {
-    const QString &name = words.first();
-    const WheelKey *key = driver->wheel.find(words.value(1));
-    if (name == "press")
-        return press(driver, *key, words.value(2, "400ms"));
-    if (name == "wait")
-        return wait(driver, milliseconds(words.at(1)));
-    if (name == "flag")
-        return expectFlag(driver, words.at(1), words.value(2, "5s"));
-    if (name == "decode")
-        return expectDecoded(driver, words, output);
-    if (name == "hold")
-        driver->hold(*key);
-    else if (name == "release")
-        driver->release();
-    else
-        driver->writing = words.at(1);
+    driver->way = static_cast<Way>(ways().indexOf(words.at(1)));
     return QString();
+}
+
+const Command commands[] = {
+    { "press KEY [TIME]", "hold the key, let go after 400ms or TIME", press },
+    { "hold KEY", "press and go on with the script", hold },
+    { "release", "let go", release },
+    { "wait TIME", "do nothing else for that time", wait },
+    { "flag TEXT [TIME]", "expect the flag file to hold TEXT within 5s or TIME", expectFlag },
+    { "decode KEY|all [KEY|none]", "expect a new press to be decoded as the key or as that",
+      expectDecoded },
+    { "write WAY", "change the way of writing", setWay },
+};
+
+// What is wrong with a line's word where the command's usage has this one, else nothing.
+QString faultOf(const QString &word, const QString &usage, const Wheel &wheel)
+{
+    const QStringList kinds = QString(usage).remove('[').remove(']').split('|');
+    if (word.isEmpty())
+        return usage.isEmpty() || usage.startsWith('[') ? QString() : usage + " is missing";
+    if (usage.isEmpty())
+        return QString(R"("%1" is too much)").arg(word);
+    if (kinds.contains("TEXT") || (kinds.contains("TIME") && milliseconds(word) >= 0))
+        return QString();
+    if (kinds.contains("TIME"))
+        return QString(R"("%1" is no TIME: %2)").arg(word, timeForm);
+    QStringList choices = kinds.contains("WAY") ? ways() : kinds.mid(1);
+    for (const WheelKey &key : wheel.keys) {
+        if (kinds.contains("KEY"))
+            choices.append(key.name);
+    }
+    return choices.contains(word) ? QString()
+                                  : QString(R"(there is no %1 "%2", only %3)")
+                                        .arg(kinds.first().toLower(), word, choices.join(", "));
 }
 
 // A held key goes on writing while the next line is not there yet.
@@ -125,7 +156,7 @@ bool readLine(QFile *file, Driver *driver, QString *line)
     pollfd input = { file->handle(), POLLIN, 0 };
     while (poll(&input, 1, driver->period) == 0)
         driver->writeNext();
-    *line = QString::fromUtf8(file->readLine());
+    *line = QString::fromUtf8(file->readLine(longestLine));
     return !line->isEmpty();
 }
 
@@ -135,8 +166,8 @@ QString scriptHelp()
 {
     QString text;
     for (const Command &command : commands)
-        text += QString("  %1  %2\n").arg(command.usage, -32).arg(command.meaning);
-    return text;
+        text += QString("  %1  %2\n").arg(command.usage, -28).arg(command.meaning);
+    return text + QString("TIME is in %1; WAY is one of %2.").arg(timeForm, ways().join(", "));
 }
 
 QString execute(const QString &line, Driver *driver, QTextStream *output)
@@ -148,11 +179,12 @@ QString execute(const QString &line, Driver *driver, QTextStream *output)
         const QStringList usage = QString(command.usage).split(' ');
         if (usage.first() != words.first())
             continue;
-        for (int i = 1; i < qMax(usage.size(), words.size()); ++i) {
-            if (!fits(words.value(i), usage.value(i), driver->wheel))
-                return QString(R"("%1" does not fit: %2)").arg(words.value(i), command.usage);
-        }
-        const QString fault = run(words, driver, output);
+        QString fault;
+        for (int i = 1; fault.isEmpty() && i < qMax(usage.size(), words.size()); ++i)
+            fault = faultOf(words.value(i), usage.value(i), driver->wheel);
+        if (!fault.isEmpty())
+            return QString("%1 (%2)").arg(fault, command.usage);
+        fault = command.run(driver, words, output);
         return fault.isEmpty() ? driver->fault() : fault;
     }
     return QString(R"(there is no command "%1")").arg(words.first());

@@ -1,6 +1,5 @@
 #include "configuration.h"
 #include "driver.h"
-#include "reading.h"
 #include "records.h"
 
 #include <QCommandLineParser>
@@ -77,9 +76,8 @@ QMap<int, QString> samplesOf(const Wheel &wheel, const WheelKey &key,
     const double drift = between(-wheel.drift, wheel.drift, chance);
     QMap<int, QString> samples;
     for (int i = 0; i < readingsOfLearning; ++i) {
-        Reading reading;
-        parseReading(readingText(measure(wheel, key, drift, i, chance)), &reading);
-        const QString sample = sampleRecord(key.code, reading.payload);
+        const QByteArray payload = payloadOf(measure(wheel, key, drift, i, chance));
+        const QString sample = sampleRecord(key.code, QString::fromLatin1(payload));
         const bool collided =
             std::any_of(learned.begin(), learned.end(), [&sample](const QString &record) {
                 return collides(RecordFields(sample), RecordFields(record));
@@ -116,7 +114,7 @@ Outcome survey(const Wheel &wheel, Chance *chance, QTextStream *details)
             ++outcome[!learned.contains(key.code) ? 3 : code == key.code ? 0 : code == 0 ? 2 : 1];
         }
         if (details)
-            *details << decodeTableRow(key, configuration, decodedAs.join(' '));
+            *details << decodeTableRow(key, learnedKey(key, configuration), decodedAs.join(' '));
     }
     return outcome;
 }

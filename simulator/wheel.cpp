@@ -15,58 +15,48 @@ constexpr int settledNumber = 16; // each reading bounces half as much
 // Gives what the key needs, else nothing.
 QString readKey(const QJsonObject &object, const Wheel &wheel, WheelKey *key)
 {
-    const QJsonArray values = object.value("adc").toArray();
+    const QJsonArray adc = object.value("adc").toArray();
+    const auto value = [&adc](int channel) { return adc.at(channel - 1).toInt(-1); };
     key->name = object.value("name").toString();
     key->label = object.value("label").toString(key->name);
     key->code = object.value("code").toInt();
-    key->contact = { { object.value("line").toInt(), values.at(0).toInt(-1), values.at(1).toInt(-1),
-                       values.at(2).toInt(-1) } };
-    const auto range = std::minmax_element(key->contact.begin() + 1, key->contact.end());
-    if (!QRegExp("\\S+").exactMatch(key->name) || wheel.find(key->name))
-        return R"("name", one word that no other key has)";
+    key->contact = { { object.value("line").toInt(), value(1), value(2), value(3) } };
+    const auto range = std::minmax({ value(1), value(2), value(3) });
+    if (!QRegExp("(?!(all|none)$)\\S+").exactMatch(key->name) || wheel.find(key->name))
+        return R"("name", one word that no other key has, neither all nor none)";
     if (key->code < 1)
         return R"("code", a whole number above 0)";
     if (key->contact[0] != 2 && key->contact[0] != 3)
         return R"("line", 2 or 3)";
-    if (values.size() != 3 || *range.first < 0 || *range.second > idleValue)
+    if (adc.size() != 3 || range.first < 0 || range.second > idleValue)
         return R"("adc", three whole numbers from 0 to 4094)";
     return QString();
-}
-
-// Gives what is wrong and its place, else nothing.
-QString readWheel(const QByteArray &text, Wheel *wheel, int *offset)
-{
-    QJsonParseError error;
-    const QJsonObject object = QJsonDocument::fromJson(text, &error).object();
-    *offset = error.offset;
-    if (error.error != QJsonParseError::NoError)
-        return error.errorString();
-
-    *offset = text.indexOf('{');
-    wheel->noise = object.value("noise").toDouble(-1);
-    wheel->drift = object.value("drift").toDouble(-1);
-    wheel->bounce = object.value("bounce").toDouble(-1);
-    if (std::min({ wheel->noise, wheel->drift, wheel->bounce }) < 0)
-        return R"(a wheel needs "noise", "drift" and "bounce", numbers from 0)";
-    for (const QJsonValue element : object.value("keys").toArray()) {
-        *offset = text.indexOf('{', *offset + 1); // a key has no objects in it
-        WheelKey key;
-        const QString need = readKey(element.toObject(), *wheel, &key);
-        if (!need.isEmpty())
-            return QString(R"(key "%1" needs %2)").arg(key.name, need);
-        wheel->keys.append(key);
-    }
-    return wheel->keys.isEmpty() ? R"(a wheel needs "keys")" : QString();
 }
 
 } // namespace
 
 QString parseWheel(const QByteArray &text, Wheel *wheel)
 {
-    int offset = 0;
-    const QString fault = readWheel(text, wheel, &offset);
-    const int line = 1 + text.left(qMax(0, offset)).count('\n');
-    return fault.isEmpty() ? QString() : QString("line %1: %2").arg(line).arg(fault);
+    QJsonParseError error{};
+    const QJsonObject object = QJsonDocument::fromJson(text, &error).object();
+    if (error.error != QJsonParseError::NoError)
+        return QString("%1 at byte %2").arg(error.errorString()).arg(error.offset);
+    wheel->noise = object.value("noise").toDouble(-1);
+    wheel->drift = object.value("drift").toDouble(-1);
+    wheel->bounce = object.value("bounce").toDouble(-1);
+    const auto range = std::minmax({ wheel->noise, wheel->drift, wheel->bounce });
+    if (range.first < 0 || range.second > releasedValue)
+        return R"(a wheel needs "noise", "drift" and "bounce", numbers from 0 to 4095)";
+    for (const QJsonValue element : object.value("keys").toArray()) {
+        WheelKey key;
+        const QString need = readKey(element.toObject(), *wheel, &key);
+        if (!need.isEmpty())
+            return QString(R"(key %1, "%2", needs %3)")
+                .arg(wheel->keys.size() + 1)
+                .arg(key.name, need);
+        wheel->keys.append(key);
+    }
+    return wheel->keys.isEmpty() ? R"(a wheel needs "keys")" : QString();
 }
 
 const WheelKey *Wheel::find(const QString &name) const

@@ -1,18 +1,16 @@
 #pragma once
 
+#include "readingfile.h"
+
 #include <QString>
 #include <QVector>
 
-#include <array>
 #include <random>
 
 // Physical keys on two resistor ladders, and what a converter measures while one is pressed.
 
 constexpr int idleValue = 4094; // a channel that a key leaves alone; the largest value of a sample
 constexpr int releasedValue = 4095; // all channels, when no key is pressed
-
-// The key line, 2 or 3, and the values of the channels 1 to 3.
-using Measurement = std::array<int, 4>;
 
 struct WheelKey
 {
@@ -33,7 +31,7 @@ struct Wheel
     QString functionName(int code) const; // "none" for 0
 };
 
-// Gives what is wrong and the number of its line, else nothing.
+// Gives what is wrong, else nothing.
 QString parseWheel(const QByteArray &text, Wheel *wheel);
 
 using Chance = std::mt19937;

@@ -1,12 +1,18 @@
 #include "script.h"
 
 #include "catalogue.h"
+#include "place.h"
+#include "program.h"
 
 #include <QDir>
 #include <QFile>
+#include <QRect>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextStream>
+
+#include <atomic>
+#include <thread>
 
 namespace {
 
@@ -47,13 +53,18 @@ private slots:
     void init();
 
     void builtInWheelHasTheKeysOfTheCatalogue();
-    void badWheelIsToldWithItsLine_data();
-    void badWheelIsToldWithItsLine();
+    void badWheelIsTold_data();
+    void badWheelIsTold();
     void decodesTheNearestWithinTheInterval();
     void waysOfWriting();
+    void piecesAreSeen();
     void heldKeyIsDecodedOutsideLearningOnly();
     void scripts_data();
     void scripts();
+    void programsEndIsTold_data();
+    void programsEndIsTold();
+    void wheelLiesBesideTheHeadUnit_data();
+    void wheelLiesBesideTheHeadUnit();
 
 private:
     QScopedPointer<QTemporaryDir> root;
@@ -86,7 +97,7 @@ void TestSimulator::builtInWheelHasTheKeysOfTheCatalogue()
         QCOMPARE(wheel.functionName(catalogue.codes.at(i)), catalogue.names.at(i));
 }
 
-void TestSimulator::badWheelIsToldWithItsLine_data()
+void TestSimulator::badWheelIsTold_data()
 {
     QTest::addColumn<QString>("from");
     QTest::addColumn<QString>("to");
@@ -94,17 +105,18 @@ void TestSimulator::badWheelIsToldWithItsLine_data()
     const auto row = [](const char *name, const char *from, const char *to, const char *fault) {
         QTest::newRow(name) << from << to << fault;
     };
-    row("no colon", R"("bounce":)", R"("bounce")", "line 3: ");
-    row("a negative drift", R"("drift": 0)", R"("drift": -1)", "line 1: a wheel needs \"noise\"");
-    row("no keys", R"("keys")", R"("key")", "line 1: a wheel needs \"keys\"");
-    row("one name twice", "down", "up", "line 6: key \"up\" needs \"name\"");
-    row("another line", "2,\n\"adc\": [2", "4,\n\"adc\": [2",
-        "line 6: key \"down\" needs \"line\"");
-    row("a broken code", "153", "15.3", "line 4: key \"up\" needs \"code\"");
-    row("a value of a release", "2000", "4095", "line 6: key \"down\" needs \"adc\"");
+    row("no colon", R"("bounce":)", R"("bounce")", "missing name separator at byte 36");
+    row("a negative drift", R"("drift": 0)", R"("drift": -1)", "a wheel needs \"noise\"");
+    row("noise without end", R"("noise": 0)", R"("noise": 1e308)", "a wheel needs \"noise\"");
+    row("no keys", R"("keys")", R"("key")", "a wheel needs \"keys\"");
+    row("one name twice", "down", "up", "key 2, \"up\", needs \"name\"");
+    row("a word of the scripts", "down", "all", "key 2, \"all\", needs \"name\"");
+    row("another line", "2,\n\"adc\": [2", "4,\n\"adc\": [2", "key 2, \"down\", needs \"line\"");
+    row("a broken code", "153", "15.3", "key 1, \"up\", needs \"code\"");
+    row("a value of a release", "2000", "4095", "key 2, \"down\", needs \"adc\"");
 }
 
-void TestSimulator::badWheelIsToldWithItsLine()
+void TestSimulator::badWheelIsTold()
 {
     QFETCH(QString, from);
     QFETCH(QString, to);
@@ -132,18 +144,34 @@ void TestSimulator::decodesTheNearestWithinTheInterval()
 // A reader that holds the file open shows whether it is still the same one.
 void TestSimulator::waysOfWriting()
 {
-    for (const QString &way : QStringList({ "truncate", "overwrite", "rename" })) {
+    for (const Way way : { Way::Truncate, Way::Overwrite, Way::Rename, Way::Pieces }) {
         QFile reader("swc_keys");
         QVERIFY(reader.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
-        driver->writing = way;
+        driver->way = way;
         driver->hold(driver->wheel.keys.at(1));
         QCOMPARE(contentOf("swc_keys"),
-                 QByteArray("15:2,2000,600,4094") + (way == "overwrite" ? "5" : ""));
-        QCOMPARE(reader.readAll().startsWith("15:"), way != "rename");
+                 QByteArray("15:2,2000,600,4094") + (way == Way::Overwrite ? "5" : ""));
+        QCOMPARE(reader.readAll().startsWith("15:"), way != Way::Rename);
         driver->release();
         QCOMPARE(contentOf("swc_keys"), QByteArray("16:2,4095,4095,4095"));
     }
     QCOMPARE(QDir().entryList(QDir::Files).size(), 3);
+}
+
+// Of all ways only pieces show a text that is cut off.
+void TestSimulator::piecesAreSeen()
+{
+    std::atomic<bool> seen{ false };
+    std::atomic<bool> done{ false };
+    std::thread reader([&seen, &done] {
+        while (!seen && !done)
+            seen = contentOf("swc_keys") == "7:2,1,2";
+    });
+    for (int i = 0; !seen && i < 1000000; ++i)
+        writeReading("swc_keys", "7:2,1,2,3", Way::Pieces);
+    done = true;
+    reader.join();
+    QVERIFY(seen);
 }
 
 void TestSimulator::heldKeyIsDecodedOutsideLearningOnly()
@@ -172,9 +200,12 @@ void TestSimulator::scripts_data()
         "flag 0 1s\ndecode up\ndecode all",
         10, "");
     row("an unknown command", "hold up\npush up\n", 1, "line 2: there is no command \"push\"");
-    row("a word too many", "wait 1ms\nrelease up", 1, "line 2: \"up\" does not fit: release");
-    row("an unknown key", "press KEY", 0, "line 1: \"KEY\" does not fit: press KEY");
-    row("a time without unit", "wait 20", 0, "line 1: \"20\" does not fit: wait TIME");
+    row("a word too many", "wait 1ms\nrelease up", 1, "line 2: \"up\" is too much (release)");
+    row("a word too few", "press", 0, "line 1: KEY is missing (press KEY [TIME])");
+    row("an unknown key", "press foo", 0, "line 1: there is no key \"foo\", only up, down (");
+    row("an unknown way", "write foo", 0, "line 1: there is no way \"foo\", only truncate,");
+    row("half a second", "press up 0.5s", 0, "line 1: \"0.5s\" is no TIME: whole milliseconds");
+    row("a time without unit", "wait 20", 0, "line 1: \"20\" is no TIME: whole milliseconds");
     row("another flag", "flag 11 1ms", 0, "line 1: the flag is \"0\" after 1ms, not \"11\"");
     row("another function", "decode up down", 0, "line 1: up is decoded as up");
 }
@@ -194,6 +225,51 @@ void TestSimulator::scripts()
     QTEST(answers.count("ok\n"), "done");
     QCOMPARE(told.mid(QString("script script: ").size(), fault.size()), fault);
     QVERIFY(!driver->held());
+}
+
+void TestSimulator::programsEndIsTold_data()
+{
+    QTest::addColumn<QString>("lines");
+    QTest::addColumn<QString>("outcome");
+    const auto row = [](const char *lines, const char *outcome) {
+        QTest::newRow(outcome) << lines << outcome;
+    };
+    row("echo '[f 1] canel all keys'; echo '[f 1] save all keys' >&2", "Saved 3 keys");
+    row("echo save all keys; echo '[f 1] canel all keys'", "No: nothing is saved");
+    row("echo > media/flash/nvm/direction.bak; echo '[f 1] canel all keys'",
+        "No: the backup is back");
+    row("exit 3", "the program failed, see ");
+    row("kill -9 $$", "the program failed, see ");
+}
+
+void TestSimulator::programsEndIsTold()
+{
+    QFETCH(QString, lines);
+    QFETCH(QString, outcome);
+    Program program({ "sh", "-c", lines }, root->path());
+    program.start();
+    QTRY_VERIFY(!program.isRunning());
+    QCOMPARE(program.outcome(*driver).left(outcome.size()), outcome);
+    QCOMPARE(program.hasFailed(), outcome.startsWith("the program failed"));
+}
+
+void TestSimulator::wheelLiesBesideTheHeadUnit_data()
+{
+    QTest::addColumn<QRect>("freeArea");
+    QTest::addColumn<QRect>("place");
+    QTest::newRow("large") << QRect(0, 0, 1600, 1000) << QRect(1026, 0, 482, 500);
+    QTest::newRow("with a panel at the top and left")
+        << QRect(30, 40, 1600, 960) << QRect(1056, 40, 482, 500);
+    QTest::newRow("narrow") << QRect(0, 0, 1366, 768) << QRect(1026, 0, 340, 358);
+    QTest::newRow("high") << QRect(0, 0, 1080, 1920) << QRect(0, 620, 482, 500);
+    QTest::newRow("too small, so over the instructions")
+        << QRect(0, 0, 1024, 600) << QRect(782, 0, 242, 260);
+}
+
+void TestSimulator::wheelLiesBesideTheHeadUnit()
+{
+    QFETCH(QRect, freeArea);
+    QTEST(placeBeside({ 1024, 600 }, freeArea, { 2, 20 }), "place");
 }
 
 QTEST_GUILESS_MAIN(TestSimulator)

@@ -1,0 +1,33 @@
+#include "readingfile.h"
+
+#include <QFile>
+#include <QIODevice>
+
+#include <cstdio>
+
+QByteArray payloadOf(const Measurement &measurement)
+{
+    QByteArray payload;
+    for (const int field : measurement)
+        payload += ',' + QByteArray::number(field);
+    return payload.mid(1);
+}
+
+QByteArray readingText(const QByteArray &payload)
+{
+    return QByteArray::number(payload.size()) + ':' + payload;
+}
+
+bool writeReading(const QString &path, const QByteArray &text, Way way)
+{
+    // Opened for reading too, a file keeps what a longer text has left behind this one.
+    const auto mode = way == Way::Overwrite ? QIODevice::ReadWrite : QIODevice::WriteOnly;
+    const int cut = way == Way::Pieces ? qMax(0, text.lastIndexOf(',')) : 0;
+    QFile file(way == Way::Rename ? path + ".new" : path);
+    return file.open(mode | QIODevice::Unbuffered) && (cut == 0 || file.write(text, cut) == cut)
+        && file.write(text.mid(cut)) == text.size() - cut
+        && (way != Way::Rename
+            || std::rename(QFile::encodeName(file.fileName()).constData(),
+                           QFile::encodeName(path).constData())
+                == 0);
+}
