@@ -39,27 +39,20 @@ int decode(const Measurement &measurement, const QJsonObject &configuration)
     return code;
 }
 
-QJsonObject learnedKey(const WheelKey &key, const QJsonObject &configuration)
+QString decodedText(const WheelKey &key, const QString &function, const QJsonObject &configuration)
 {
+    const QString text = QString("%1 is decoded as %2: %3").arg(key.name, function);
     for (const QJsonValue element : learnedKeys(key.contact[0], configuration)) {
-        if (element.toObject().value("direction_event").toInt() == key.code)
-            return element.toObject();
+        const QJsonObject learned = element.toObject();
+        const int road = learned.value("road").toInt();
+        if (learned.value("direction_event").toInt() == key.code)
+            return text.arg(QString("learned as %1 on channel %2, interval %3")
+                                .arg(learned.value("adc").toArray().at(road - 1).toInt())
+                                .arg(road)
+                                .arg(learned.value("interval").toInt()));
     }
-    return QJsonObject();
-}
-
-QString decodeTableRow(const WheelKey &key, const QJsonObject &learned, const QString &decodedAs)
-{
-    QString values = "not learned";
-    if (!learned.isEmpty()) {
-        values = QString::number(key.contact[0]);
-        for (const QJsonValue value : learned.value("adc").toArray())
-            values += QString(" %1").arg(value.toInt(), 4);
-        values += QString(" %1 %2")
-                      .arg(learned.value("road").toInt(), 6)
-                      .arg(learned.value("interval").toInt(), 8);
-    }
-    return QString("%1 %2  %3\n").arg(key.name, -10).arg(values, -32).arg(decodedAs);
+    return text.arg(function == "none" ? "not learned"
+                                       : "not learned, but within " + function + "'s interval");
 }
 
 QString readRegularFile(const QString &path, QByteArray *content)
@@ -105,10 +98,10 @@ void Driver::writeNext()
     if (!heldKey)
         return;
     const Measurement measurement = measure(wheel, *heldKey, drift, count++, &chance);
-    const bool learning = isLearning();
-    const int code = decode(measurement, configuration());
-    lastFunction = learning ? QString() : wheel.functionName(code);
-    lastNote = learning ? QString() : noteOn(*heldKey, code);
+    const QJsonObject learned = configuration();
+    const QString decoded = wheel.functionName(decode(measurement, learned));
+    lastFunction = isLearning() ? QString() : decoded;
+    lastNote = isLearning() ? QString() : decodedText(*heldKey, decoded, learned);
     write(measurement);
 }
 
@@ -129,12 +122,4 @@ QByteArray Driver::contentOf(const QString &name) const
 QJsonObject Driver::configuration() const
 {
     return QJsonDocument::fromJson(contentOf("direction.json")).object();
-}
-
-QString Driver::noteOn(const WheelKey &key, int code) const
-{
-    if (code == 0 || !learnedKey(key, configuration()).isEmpty())
-        return QString();
-    return QString("%1 is not learned: it lies within %2's interval\n")
-        .arg(key.name, wheel.functionName(code));
 }

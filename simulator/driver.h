@@ -10,11 +10,9 @@
 // within its interval, 0 if there is none.
 int decode(const Measurement &measurement, const QJsonObject &configuration);
 
-// What was learned for the key, empty if nothing.
-QJsonObject learnedKey(const WheelKey &key, const QJsonObject &configuration);
-
-constexpr char decodeTableHeader[] = "key        learned values     road interval  decoded as\n";
-QString decodeTableRow(const WheelKey &key, const QJsonObject &learned, const QString &decodedAs);
+// That a press of the key is decoded as the function, and why: what was learned for the key. One
+// that was not learned may still be within another's interval.
+QString decodedText(const WheelKey &key, const QString &function, const QJsonObject &configuration);
 
 // The content of a regular file; gives what is wrong, else nothing.
 QString readRegularFile(const QString &path, QByteArray *content);
@@ -36,13 +34,10 @@ public:
     QJsonObject configuration() const;
 
     Measurement press(const WheelKey &key) { return settledPress(wheel, key, &chance); }
-    // Why a press that is decoded as the code may puzzle, else nothing.
-    QString noteOn(const WheelKey &key, int code) const;
-
     const WheelKey *held() const { return heldKey; } // nullptr for none
     QString reading() const { return lastReading; }
     QString function() const { return lastFunction; } // of the last press, empty while learning
-    QString note() const { return lastNote; } // on the last press
+    QString note() const { return lastNote; } // on that function
     QString fault() const { return fileFault; } // of the folder or any reading so far
 
     const Wheel wheel;

@@ -25,7 +25,8 @@ Program::~Program()
 
 void Program::start()
 {
-    process.start(command.first(), command.mid(1));
+    if (hasEnded())
+        process.start(command.first(), command.mid(1));
 }
 
 bool Program::hasFailed() const
@@ -36,18 +37,17 @@ bool Program::hasFailed() const
 
 QString Program::outcome(const Driver &driver) const
 {
-    if (process.error() == QProcess::FailedToStart)
-        return QString("can't start %1: %2").arg(command.first(), process.errorString());
     if (hasFailed())
-        return "the program failed, see " + log;
+        return QString("%1 failed, its log is %2").arg(command.join(' '), log);
+    // In the program's own spelling. The last tap has ended it.
     QFile file(log);
     const QByteArray lines = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    // Its own spelling. The tap that ends the program is the last one.
-    if (lines.lastIndexOf(" canel all keys") > lines.lastIndexOf(" save all keys"))
+    const bool saved = lines.lastIndexOf(" save all keys") > lines.lastIndexOf(" canel all keys");
+    if (!saved)
         return driver.contentOf("direction.bak").isEmpty() ? "No: nothing is saved"
                                                            : "No: the backup is back";
     const QJsonObject configuration = driver.configuration();
     const int keys = configuration.value("direction0").toArray().size()
         + configuration.value("direction1").toArray().size();
-    return QString("Saved %1 key%2").arg(keys).arg(keys == 1 ? "" : "s");
+    return QString("Saved %1 %2").arg(keys).arg(keys == 1 ? "key" : "keys");
 }

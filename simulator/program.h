@@ -13,8 +13,8 @@ public:
     Program(QStringList command, const QString &root);
     ~Program();
 
-    void start();
-    bool isRunning() const { return process.state() != QProcess::NotRunning; }
+    void start(); // where there is a command, and it does not run
+    bool hasEnded() const { return !command.isEmpty() && process.state() == QProcess::NotRunning; }
 
     // To be asked once it has ended.
     bool hasFailed() const;

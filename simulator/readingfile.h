@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <array>
 
@@ -13,7 +14,7 @@ QByteArray readingText(const QByteArray &payload); // with its count
 
 // A text in pieces is cut before its last field, and nothing waits between the two writes.
 enum class Way { Truncate, Overwrite, Rename, Pieces };
-constexpr const char *wayNames[] = { "truncate", "overwrite", "rename", "pieces" };
+QStringList wayNames(); // in that order
 
 // Gives whether the driver's file holds the text now.
 bool writeReading(const QString &path, const QByteArray &text, Way way);

@@ -19,7 +19,6 @@ struct Command
 {
     const char *usage;
     const char *meaning;
-    QString (*run)(Driver *driver, const QStringList &words, QTextStream *output);
 };
 
 // "600ms" or "2s" in milliseconds; -1 for anything else.
@@ -29,8 +28,18 @@ int milliseconds(const QString &text)
     return time.exactMatch(text) ? time.cap(1).toInt() * (time.cap(2) == "s" ? 1000 : 1) : -1;
 }
 
+const Command commands[] = {
+    { "press KEY [TIME]", "hold the key, let go after 400ms or TIME" },
+    { "hold KEY", "press and go on with the script" },
+    { "release", "let go" },
+    { "wait TIME", "do nothing else for that time" },
+    { "flag TEXT [TIME]", "expect the flag file to hold TEXT within 5s or TIME" },
+    { "decode KEY|all [KEY|none]", "expect a new press to be decoded as the key or as that" },
+    { "write WAY", "change the way of writing" },
+};
+
 // A held key goes on writing in the meantime.
-QString pass(Driver *driver, int duration)
+void wait(Driver *driver, int duration)
 {
     QElapsedTimer elapsed;
     elapsed.start();
@@ -38,44 +47,17 @@ QString pass(Driver *driver, int duration)
         QThread::msleep(static_cast<unsigned long>(driver->period));
         driver->writeNext();
     }
-    return QString();
 }
 
-QString press(Driver *driver, const QStringList &words, QTextStream *)
+QString expectFlag(Driver *driver, const QString &flag, const QString &limit)
 {
-    driver->hold(*driver->wheel.find(words.at(1)));
-    pass(driver, milliseconds(words.value(2, "400ms")));
-    driver->release();
-    return pass(driver, driver->period); // the release stays as long as any reading
-}
-
-QString hold(Driver *driver, const QStringList &words, QTextStream *)
-{
-    driver->hold(*driver->wheel.find(words.at(1)));
-    return QString();
-}
-
-QString release(Driver *driver, const QStringList &, QTextStream *)
-{
-    driver->release();
-    return QString();
-}
-
-QString wait(Driver *driver, const QStringList &words, QTextStream *)
-{
-    return pass(driver, milliseconds(words.at(1)));
-}
-
-QString expectFlag(Driver *driver, const QStringList &words, QTextStream *)
-{
-    const QString limit = words.value(2, "5s");
     QElapsedTimer elapsed;
     elapsed.start();
-    while (driver->flag() != words.at(1).toUtf8()) {
+    while (driver->flag() != flag.toUtf8()) {
         if (elapsed.elapsed() >= milliseconds(limit))
             return QString(R"(the flag is "%1" after %2, not "%3")")
-                .arg(QString::fromUtf8(driver->flag()), limit, words.at(1));
-        pass(driver, driver->period);
+                .arg(QString::fromUtf8(driver->flag()), limit, flag);
+        wait(driver, driver->period);
     }
     return QString();
 }
@@ -84,70 +66,58 @@ QString expectDecoded(Driver *driver, const QStringList &words, QTextStream *out
 {
     if (driver->isLearning())
         return "nothing is decoded while learning is on";
-    const bool all = words.at(1) == "all";
-    const QJsonObject configuration = driver->configuration();
-    QString table = decodeTableHeader;
-    QString notes;
     QStringList wrong;
     for (const WheelKey &key : driver->wheel.keys) {
-        if (!all && key.name != words.at(1))
+        if (words.at(1) != "all" && words.at(1) != key.name)
             continue;
-        const int code = decode(driver->press(key), configuration);
-        const QString decoded = driver->wheel.functionName(code);
-        table += decodeTableRow(key, learnedKey(key, configuration), decoded);
-        notes += driver->noteOn(key, code);
-        if (decoded != words.value(2, key.name))
-            wrong.append(key.name + " is decoded as " + decoded);
+        const int code = decode(driver->press(key), driver->configuration());
+        const QString function = driver->wheel.functionName(code);
+        const QString text = decodedText(key, function, driver->configuration());
+        if (words.at(1) == "all")
+            *output << text << '\n';
+        if (function != words.value(2, key.name))
+            wrong.append(text);
     }
-    *output << (all ? table + notes : QString());
-    return wrong.join(", ");
+    return wrong.join("; ");
 }
 
-QStringList ways()
+QString run(const QStringList &words, Driver *driver, QTextStream *output)
 {
-    QStringList names;
-    for (const char *name : wayNames)
-        names.append(name);
-    return names;
-}
-
-QString setWay(Driver *driver, const QStringList &words, QTextStream *)
-{
-    driver->way = static_cast<Way>(ways().indexOf(words.at(1)));
+    const QString &name = words.first();
+    if (name == "flag")
+        return expectFlag(driver, words.at(1), words.value(2, "5s"));
+    if (name == "decode")
+        return expectDecoded(driver, words, output);
+    if (name == "press" || name == "hold")
+        driver->hold(*driver->wheel.find(words.at(1)));
+    if (name == "press" || name == "wait")
+        wait(driver, milliseconds(name == "wait" ? words.at(1) : words.value(2, "400ms")));
+    if (name == "press" || name == "release")
+        driver->release();
+    if (name == "press")
+        wait(driver, driver->period); // the release stays as long as any reading
+    if (name == "write")
+        driver->way = static_cast<Way>(wayNames().indexOf(words.at(1)));
     return QString();
 }
-
-const Command commands[] = {
-    { "press KEY [TIME]", "hold the key, let go after 400ms or TIME", press },
-    { "hold KEY", "press and go on with the script", hold },
-    { "release", "let go", release },
-    { "wait TIME", "do nothing else for that time", wait },
-    { "flag TEXT [TIME]", "expect the flag file to hold TEXT within 5s or TIME", expectFlag },
-    { "decode KEY|all [KEY|none]", "expect a new press to be decoded as the key or as that",
-      expectDecoded },
-    { "write WAY", "change the way of writing", setWay },
-};
 
 // What is wrong with a line's word where the command's usage has this one, else nothing.
 QString faultOf(const QString &word, const QString &usage, const Wheel &wheel)
 {
-    const QStringList kinds = QString(usage).remove('[').remove(']').split('|');
     if (word.isEmpty())
         return usage.isEmpty() || usage.startsWith('[') ? QString() : usage + " is missing";
     if (usage.isEmpty())
         return QString(R"("%1" is too much)").arg(word);
-    if (kinds.contains("TEXT") || (kinds.contains("TIME") && milliseconds(word) >= 0))
+    QStringList choices = QString(usage).remove('[').remove(']').split('|');
+    const QString kind = choices.takeFirst();
+    if (kind == "TEXT" || (kind == "TIME" && milliseconds(word) >= 0))
         return QString();
-    if (kinds.contains("TIME"))
+    if (kind == "TIME")
         return QString(R"("%1" is no TIME: %2)").arg(word, timeForm);
-    QStringList choices = kinds.contains("WAY") ? ways() : kinds.mid(1);
-    for (const WheelKey &key : wheel.keys) {
-        if (kinds.contains("KEY"))
-            choices.append(key.name);
-    }
-    return choices.contains(word) ? QString()
-                                  : QString(R"(there is no %1 "%2", only %3)")
-                                        .arg(kinds.first().toLower(), word, choices.join(", "));
+    choices += kind == "KEY" ? wheel.keyNames() : wayNames();
+    return choices.contains(word)
+        ? QString()
+        : QString(R"(there is no %1 "%2", only %3)").arg(kind.toLower(), word, choices.join(", "));
 }
 
 // A held key goes on writing while the next line is not there yet.
@@ -167,7 +137,7 @@ QString scriptHelp()
     QString text;
     for (const Command &command : commands)
         text += QString("  %1  %2\n").arg(command.usage, -28).arg(command.meaning);
-    return text + QString("TIME is in %1; WAY is one of %2.").arg(timeForm, ways().join(", "));
+    return text + QString("TIME is in %1; WAY is one of %2.").arg(timeForm, wayNames().join(", "));
 }
 
 QString execute(const QString &line, Driver *driver, QTextStream *output)
@@ -184,7 +154,7 @@ QString execute(const QString &line, Driver *driver, QTextStream *output)
             fault = faultOf(words.value(i), usage.value(i), driver->wheel);
         if (!fault.isEmpty())
             return QString("%1 (%2)").arg(fault, command.usage);
-        fault = command.run(driver, words, output);
+        fault = run(words, driver, output);
         return fault.isEmpty() ? driver->fault() : fault;
     }
     return QString(R"(there is no command "%1")").arg(words.first());

@@ -14,11 +14,10 @@
 namespace {
 
 constexpr char description[] =
-    R"(How much noise may a wheel have? Random wheels are learned by the application's own
-functions, and new presses of every key decoded from the configuration that it writes: to
-the key itself, to another, to none. A key too close to a learned one on all channels is
-refused at learning. The rows group the wheels by their smallest spacing over the standard
-deviation of their noise; drift is up to the noise, bounce up to four times the noise.)";
+    R"(Random wheels are learned by the application's own functions, and new presses of every key
+decoded from the configuration that it writes. The rows group the wheels by their smallest spacing
+over the standard deviation of their noise; drift is up to the noise, bounce up to four times. A
+key too close to a learned one on all channels is refused.)";
 
 constexpr int readingsOfLearning = 8;
 constexpr int pressesOfKey = 4;
@@ -26,13 +25,6 @@ constexpr int rowHeight = 2; // of spacing / noise
 
 // Presses decoded as the key itself, as another, as none, and those of a refused key.
 using Outcome = std::array<int, 4>;
-
-struct Row
-{
-    int wheels = 0;
-    Outcome presses{};
-    QString failingSeed; // of the first wheel with a failure
-};
 
 // The keys of a line stand on one channel, two of them or the lowest and 0 as close as `spacing`;
 // a second channel is tighter, the third is idle.
@@ -69,30 +61,21 @@ Wheel randomWheel(double spacingToNoise, Chance *chance)
     return wheel;
 }
 
-// The samples that the application keeps of one press: none that collides, none twice.
-QMap<int, QString> samplesOf(const Wheel &wheel, const WheelKey &key,
-                             const QMap<int, QString> &learned, Chance *chance)
-{
-    const double drift = between(-wheel.drift, wheel.drift, chance);
-    QMap<int, QString> samples;
-    for (int i = 0; i < readingsOfLearning; ++i) {
-        const QByteArray payload = payloadOf(measure(wheel, key, drift, i, chance));
-        const QString sample = sampleRecord(key.code, QString::fromLatin1(payload));
-        const bool collided =
-            std::any_of(learned.begin(), learned.end(), [&sample](const QString &record) {
-                return collides(RecordFields(sample), RecordFields(record));
-            });
-        if (!collided && !samples.values().contains(sample))
-            samples.insert(i, sample);
-    }
-    return samples;
-}
-
+// A key keeps the samples of one press: none that collides, none twice.
 QMap<int, QString> learn(const Wheel &wheel, Chance *chance)
 {
     QMap<int, QString> learned;
     for (const WheelKey &key : wheel.keys) {
-        const QMap<int, QString> samples = samplesOf(wheel, key, learned, chance);
+        const double drift = between(-wheel.drift, wheel.drift, chance);
+        QMap<int, QString> samples;
+        for (int i = 0; i < readingsOfLearning; ++i) {
+            const QByteArray payload = payloadOf(measure(wheel, key, drift, i, chance));
+            const QString sample = sampleRecord(key.code, QString::fromLatin1(payload));
+            if (std::none_of(learned.begin(), learned.end(),
+                             [&](const QString &record) { return collides(sample, record); })
+                && !samples.values().contains(sample))
+                samples.insert(i, sample);
+        }
         if (!samples.isEmpty())
             learned.insert(key.code, learnedRecordFrom(samples));
     }
@@ -102,67 +85,45 @@ QMap<int, QString> learn(const Wheel &wheel, Chance *chance)
 Outcome survey(const Wheel &wheel, Chance *chance, QTextStream *details)
 {
     const QMap<int, QString> learned = learn(wheel, chance);
-    const QByteArray text =
-        configurationText(learned, selectChannel(learned, 2), selectChannel(learned, 3));
+    const QByteArray text = configurationText(learned, decodingOf(selectChannel(learned, 2)),
+                                              decodingOf(selectChannel(learned, 3)));
     const QJsonObject configuration = QJsonDocument::fromJson(text).object();
     Outcome outcome{};
     for (const WheelKey &key : wheel.keys) {
-        QStringList decodedAs;
         for (int i = 0; i < pressesOfKey; ++i) {
             const int code = decode(settledPress(wheel, key, chance), configuration);
-            decodedAs.append(wheel.functionName(code));
             ++outcome[!learned.contains(key.code) ? 3 : code == key.code ? 0 : code == 0 ? 2 : 1];
+            if (details)
+                *details << decodedText(key, wheel.functionName(code), configuration) << '\n';
         }
-        if (details)
-            *details << decodeTableRow(key, learnedKey(key, configuration), decodedAs.join(' '));
     }
     return outcome;
 }
 
-QString tableRow(const QStringList &cells)
+void surveyWheels(quint32 seed, int count, bool listFailures, QTextStream *output)
 {
-    QString row;
-    for (const QString &cell : cells)
-        row += cell.rightJustified(14);
-    return row + '\n';
-}
-
-QString tableRow(int from, const Row &row)
-{
-    QStringList cells = { QString("%1 to %2").arg(from).arg(from + rowHeight),
-                          QString::number(row.wheels) };
-    const int all = std::accumulate(row.presses.begin(), row.presses.end(), 0);
-    for (const int part : row.presses)
-        cells.append(QString("%1%").arg(100.0 * part / all, 0, 'f', 3));
-    return tableRow(cells << row.failingSeed);
-}
-
-void surveyWheels(quint32 firstSeed, int count, bool listFailures, QTextStream *output)
-{
-    QMap<int, Row> rows;
-    if (count == 1)
-        *output << decodeTableHeader;
-    for (int i = 0; i < count; ++i) {
-        const quint32 seed = firstSeed + static_cast<quint32>(i);
+    QMap<int, Outcome> rows;
+    for (int i = 0; i < count; ++i, ++seed) {
         Chance chance(seed);
         const double spacingToNoise = between(1, 30, &chance);
         const Wheel wheel = randomWheel(spacingToNoise, &chance);
         const Outcome outcome = survey(wheel, &chance, count == 1 ? output : nullptr);
-        Row &row = rows[static_cast<int>(spacingToNoise) / rowHeight * rowHeight];
-        ++row.wheels;
-        std::transform(outcome.begin(), outcome.end(), row.presses.begin(), row.presses.begin(),
-                       std::plus<>());
-        if (outcome[0] == pressesOfKey * wheel.keys.size())
-            continue;
-        if (row.failingSeed.isEmpty())
-            row.failingSeed = QString::number(seed);
-        if (listFailures)
+        Outcome &row = rows[static_cast<int>(spacingToNoise) / rowHeight * rowHeight];
+        std::transform(outcome.begin(), outcome.end(), row.begin(), row.begin(), std::plus<>());
+        if (listFailures && outcome[0] < pressesOfKey * wheel.keys.size())
             *output << "failure: --wheels 1 --seed " << seed << '\n';
     }
-    *output << tableRow(
-        { "spacing/noise", "wheels", "itself", "another", "none", "refused", "failing seed" });
-    for (auto row = rows.begin(); row != rows.end(); ++row)
-        *output << tableRow(row.key(), row.value());
+    *output << "spacing/noise   presses    itself   another      none   refused\n";
+    for (auto row = rows.begin(); row != rows.end(); ++row) {
+        const int presses = std::accumulate(row->begin(), row->end(), 0);
+        *output << QString("%1 to %2 %3")
+                       .arg(row.key(), 6)
+                       .arg(row.key() + rowHeight, 2)
+                       .arg(presses, 10);
+        for (const int part : *row)
+            *output << QString("%1%").arg(100.0 * part / presses, 9, 'f', 3);
+        *output << '\n';
+    }
 }
 
 } // namespace
@@ -176,8 +137,8 @@ int main(int argc, char **argv)
     using Option = QCommandLineOption;
     parser.addOption(Option("seed", "Seed of the first wheel (default: 1).", "number", "1"));
     parser.addOption(Option("wheels",
-                            "How many wheels, each with the next seed (default: 10000). 1 shows "
-                            "the wheel's keys.",
+                            "How many, each with the next seed; 1 shows all presses "
+                            "(default: 10000).",
                             "number", "10000"));
     parser.addOption(Option("failures", "Also list the seed of every failure."));
     parser.process(application);

@@ -61,20 +61,24 @@ QString parseWheel(const QByteArray &text, Wheel *wheel)
 
 const WheelKey *Wheel::find(const QString &name) const
 {
-    for (const WheelKey &key : keys) {
-        if (key.name == name)
-            return &key;
-    }
-    return nullptr;
+    const auto *key = std::find_if(keys.begin(), keys.end(),
+                                   [&name](const WheelKey &key) { return key.name == name; });
+    return key == keys.end() ? nullptr : key;
+}
+
+QStringList Wheel::keyNames() const
+{
+    QStringList names;
+    for (const WheelKey &key : keys)
+        names.append(key.name);
+    return names;
 }
 
 QString Wheel::functionName(int code) const
 {
-    for (const WheelKey &key : keys) {
-        if (key.code == code)
-            return key.name;
-    }
-    return code == 0 ? "none" : QString::number(code);
+    const auto *key = std::find_if(keys.begin(), keys.end(),
+                                   [code](const WheelKey &key) { return key.code == code; });
+    return key != keys.end() ? key->name : code == 0 ? "none" : QString::number(code);
 }
 
 double between(double from, double to, Chance *chance)

@@ -3,6 +3,7 @@
 #include "readingfile.h"
 
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 #include <random>
@@ -28,6 +29,7 @@ struct Wheel
     QVector<WheelKey> keys;
 
     const WheelKey *find(const QString &name) const; // nullptr if there is none
+    QStringList keyNames() const;
     QString functionName(int code) const; // "none" for 0
 };
 

@@ -17,13 +17,10 @@
 #include <QPainterPath>
 #include <QPair>
 #include <QPoint>
-#include <QPointF>
 #include <QPolygon>
-#include <QRadialGradient>
 #include <QRect>
-#include <QRectF>
 #include <QScreen>
-#include <QSizeF>
+#include <QSize>
 #include <QString>
 #include <QTextStream>
 #include <QTimerEvent>
@@ -38,6 +35,9 @@ constexpr int padRows = 4;
 const QPoint centre(240, 240);
 const QRect hub(182, 186, 116, 116);
 const QRect display(124, 72, 232, 88);
+const QRect line1(130, 77, 220, 21);
+const QRect line2(130, 98, 220, 22);
+const QRect lines34(134, 122, 212, 34);
 
 const QColor white(0xe8, 0xec, 0xf2);
 const QColor gray(0x50, 0x58, 0x66);
@@ -67,20 +67,13 @@ void write(QPainter *painter, const QRect &rect, const QColor &colour, int pixel
 {
     constexpr int flags = Qt::AlignCenter | Qt::TextWordWrap;
     QFont font;
-    font.setPixelSize(pixels);
     font.setBold(true);
-    painter->save();
-    painter->setFont(font);
+    do {
+        font.setPixelSize(pixels);
+        painter->setFont(font);
+    } while (!rect.contains(painter->boundingRect(rect, flags, text)) && --pixels > 1);
     painter->setPen(colour);
-    const QSizeF needed = painter->boundingRect(QRectF(rect), flags, text).size();
-    const qreal scale =
-        qMin(rect.width() / needed.width(), qMin(1.0, rect.height() / needed.height()));
-    painter->translate(QRectF(rect).center());
-    painter->scale(scale, scale);
-    QRectF place(QPointF(), needed.expandedTo(rect.size()));
-    place.moveCenter(QPointF());
-    painter->drawText(place, flags, text);
-    painter->restore();
+    painter->drawText(rect, flags, text);
 }
 
 void drawBox(QPainter *painter, const QRect &rect, int radius, const QColor &edge,
@@ -101,15 +94,13 @@ void paintWheel(QPainter *painter)
     spokes.addPolygon(QPolygon({ { 196, 300 }, { 284, 300 }, { 268, 450 }, { 212, 450 } }));
     painter->fillPath(spokes, shade(QRect(0, 150, 480, 200), gray, dark));
 
-    QRadialGradient leather(centre, 232);
-    leather.setColorAt(0.88, dark);
-    leather.setColorAt(0.95, gray);
-    leather.setColorAt(1, dark);
     painter->setBrush(Qt::NoBrush);
-    painter->setPen(QPen(leather, 28));
+    painter->setPen(QPen(gray.darker(140), 24));
     painter->drawEllipse(centre, 218, 218);
     painter->setPen(QPen(gray.lighter(160), 1, Qt::DashLine));
     painter->drawEllipse(centre, 210, 210);
+    drawBox(painter, hub, hub.width() / 2, gray, dark);
+    write(painter, hub, gray, 20, "SWC");
 }
 
 class WheelWindow : public QWidget
@@ -138,7 +129,7 @@ protected:
     void timerEvent(QTimerEvent *) override
     {
         driver->writeNext();
-        if (program && outcome.isEmpty() && !program->isRunning()) {
+        if (outcome.isEmpty() && program->hasEnded()) {
             outcome = program->outcome(*driver);
             QTextStream(program->hasFailed() ? stderr : stdout) << outcome << endl;
             if (program->hasFailed())
@@ -151,19 +142,15 @@ protected:
     void mousePressEvent(QMouseEvent *event) override
     {
         const QPoint position = event->pos() * wheelSide / width();
-        if (event->button() == Qt::LeftButton && display.contains(position))
+        if (display.contains(position))
             startProgram();
         for (int i = 0; i < pads.size(); ++i) {
-            if (event->button() == Qt::LeftButton && pads.at(i).contains(position))
+            if (pads.at(i).contains(position))
                 driver->hold(driver->wheel.keys.at(i));
         }
     }
 
-    void mouseReleaseEvent(QMouseEvent *event) override
-    {
-        if (event->button() == Qt::LeftButton)
-            driver->release();
-    }
+    void mouseReleaseEvent(QMouseEvent *) override { driver->release(); }
 
     void keyPressEvent(QKeyEvent *event) override
     {
@@ -186,8 +173,6 @@ protected:
 private:
     void startProgram()
     {
-        if (!program || program->isRunning())
-            return;
         outcome.clear();
         program->start();
     }
@@ -205,41 +190,31 @@ private:
         move(place.topLeft());
     }
 
-    // The files are shown on the instrument cluster, the function on the hub.
+    // The driver's files, on the instrument cluster.
     void paintDriver(QPainter *painter) const
     {
-        auto state = flagTexts.value(driver->flag(), { "NO FLAG", red });
-        if (!outcome.isEmpty())
-            state = { outcome, green };
+        const auto flag = flagTexts.value(driver->flag(), { "NO FLAG", red });
+        const bool ended = !outcome.isEmpty();
         const QString reading = driver->fault().isEmpty() ? driver->reading() : driver->fault();
-        QString note = driver->note();
-        if (note.isEmpty() && !outcome.isEmpty())
-            note = "Space, or a click here, starts the program again";
         drawBox(painter, display, 12, gray, dark.darker());
-        write(painter, display.adjusted(6, 5, -6, -62), state.second, 15, state.first);
-        write(painter, display.adjusted(6, 27, -6, -38), white, 16,
-              reading.isEmpty() ? "press a key" : reading);
-        write(painter, display.adjusted(10, 51, -10, -5), yellow, 11, note);
-
-        const QString function = driver->function();
-        const QColor colour = function.isEmpty() ? gray : function == "none" ? red : green;
-        drawBox(painter, hub, hub.width() / 2, colour, dark);
-        write(painter, hub.adjusted(12, 36, -12, -36), colour, 20,
-              function.isEmpty() ? "SWC" : function);
-        write(painter, hub.adjusted(20, 24, -20, -76), white, 11,
-              function.isEmpty() ? "" : "decoded as");
+        write(painter, line1, ended ? green : flag.second, 15, ended ? outcome : flag.first);
+        write(painter, line2, white, 16, reading.isEmpty() ? "press a key" : reading);
+        write(painter, lines34, yellow, 11,
+              driver->held() ? driver->note()
+                  : ended    ? "Click here or press Space to start again"
+                             : "");
     }
 
     void paintPad(QPainter *painter, const QRect &pad, const WheelKey &key) const
     {
         const bool held = &key == driver->held();
-        const bool lit = driver->held() && key.name == driver->function();
+        const bool lit = held && key.name == driver->function();
         drawBox(painter, pad, 6, held ? white : gray, lit ? green : held ? blue : gray.darker());
-        write(painter, pad.adjusted(5, 4, -5, -4), lit || held ? dark : white, 12, key.label);
+        write(painter, pad.adjusted(3, 3, -3, -3), held ? dark : white, 10, key.label);
     }
 
     Driver *driver;
-    Program *program; // nullptr for none
+    Program *program;
     const QSize headUnit;
     QSize frame;
     QString outcome; // of the program, empty until it has ended
