@@ -29,8 +29,8 @@ int decode(const Measurement &measurement, const QJsonObject &configuration)
         const int road = key.value("road").toInt();
         if (road < 1 || road > 3)
             continue;
-        const int learned = key.value("adc").toArray().at(road - 1).toInt();
-        const int distance = qAbs(measurement[road] - learned);
+        const int distance =
+            qAbs(measurement[road] - key.value("adc").toArray().at(road - 1).toInt());
         if (distance <= key.value("interval").toInt(-1) && distance < nearest) {
             nearest = distance;
             code = key.value("direction_event").toInt();
@@ -72,9 +72,6 @@ Driver::Driver(Wheel wheel, const QString &root, int rate, quint32 seed)
       period(1000 / rate),
       chance(seed)
 {
-    if (!QDir(folder).exists())
-        fileFault =
-            QString("there is no folder %1; --root names the folder above media").arg(folder);
 }
 
 void Driver::hold(const WheelKey &key)

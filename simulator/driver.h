@@ -38,7 +38,7 @@ public:
     QString reading() const { return lastReading; }
     QString function() const { return lastFunction; } // of the last press, empty while learning
     QString note() const { return lastNote; } // on that function
-    QString fault() const { return fileFault; } // of the folder or any reading so far
+    QString fault() const { return fileFault; } // of any reading so far
 
     const Wheel wheel;
     const QString folder;

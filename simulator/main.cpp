@@ -1,11 +1,10 @@
-#include "program.h"
 #include "script.h"
 #include "wheelwindow.h"
 
 #include <QApplication>
 #include <QCommandLineOption>
 #include <QCommandLineParser>
-#include <QRegExp>
+#include <QDir>
 #include <QSize>
 #include <QStringList>
 #include <QTextStream>
@@ -49,6 +48,8 @@ QString readOptions(const QCommandLineParser &parser, Wheel *wheel)
     bool seedGood = false;
     parser.value("seed").toUInt(&seedGood);
     const int rate = parser.value("rate").toInt();
+    if (!QDir(parser.value("root")).exists("media/flash/nvm"))
+        return QString("there is no media/flash/nvm in %1, see --root").arg(parser.value("root"));
     if (parser.isSet("script") && !parser.positionalArguments().isEmpty())
         return "a script goes without a command, see --help";
     if (!seedGood || rate < 1 || rate > 1000)
@@ -70,7 +71,7 @@ QString readOptions(const QCommandLineParser &parser, Wheel *wheel)
 
 int main(int argc, char **argv)
 {
-    std::unique_ptr<QCoreApplication> application(new QCoreApplication(argc, argv));
+    auto application = std::make_unique<QCoreApplication>(argc, argv);
     QCommandLineParser parser;
     parser.setApplicationDescription(description + scriptHelp());
     parser.addHelpOption();
@@ -95,6 +96,6 @@ int main(int argc, char **argv)
 
     application.reset(); // a script needs no display, and there can be only one
     application.reset(new QApplication(argc, argv));
-    Program program(parser.positionalArguments(), parser.value("root"));
-    return showWheel(&driver, &program, headUnitOf(parser));
+    return showWheel(&driver, headUnitOf(parser), parser.positionalArguments(),
+                     parser.value("root"));
 }

@@ -2,46 +2,35 @@
 
 #include "driver.h"
 
-#include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonObject>
 
-#include <utility>
+constexpr char logName[] = "/log.txt";
 
-Program::Program(QStringList command, const QString &root)
-    : command(std::move(command)), log(QDir(root).filePath("log.txt"))
+void startProgram(const QStringList &command, const QString &root, QProcess *program)
 {
-    process.setWorkingDirectory(root);
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    process.setStandardOutputFile(log);
+    if (command.isEmpty() || program->state() != QProcess::NotRunning)
+        return;
+    program->setWorkingDirectory(root);
+    program->setProcessChannelMode(QProcess::MergedChannels);
+    program->setStandardOutputFile(root + logName);
+    program->start(command.first(), command.mid(1));
 }
 
-Program::~Program()
+bool hasFailed(const QProcess &program)
 {
-    process.terminate();
-    process.waitForFinished();
+    return program.error() == QProcess::FailedToStart
+        || program.exitStatus() != QProcess::NormalExit || program.exitCode() != 0;
 }
 
-void Program::start()
+QString outcomeOf(const QProcess &program, const Driver &driver)
 {
-    if (hasEnded())
-        process.start(command.first(), command.mid(1));
-}
-
-bool Program::hasFailed() const
-{
-    return process.error() == QProcess::FailedToStart
-        || process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0;
-}
-
-QString Program::outcome(const Driver &driver) const
-{
-    if (hasFailed())
-        return QString("%1 failed, its log is %2").arg(command.join(' '), log);
+    QFile log(program.workingDirectory() + logName);
+    if (hasFailed(program))
+        return program.program() + " failed, its log is " + log.fileName();
     // In the program's own spelling. The last tap has ended it.
-    QFile file(log);
-    const QByteArray lines = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    const QByteArray lines = log.open(QIODevice::ReadOnly) ? log.readAll() : QByteArray();
     const bool saved = lines.lastIndexOf(" save all keys") > lines.lastIndexOf(" canel all keys");
     if (!saved)
         return driver.contentOf("direction.bak").isEmpty() ? "No: nothing is saved"

@@ -6,22 +6,11 @@
 
 class Driver;
 
-// The program of the head unit as a child process, run in the unit's root folder.
-class Program
-{
-public:
-    Program(QStringList command, const QString &root);
-    ~Program();
+// The program of the head unit as a child process, run in the unit's root folder. Does nothing
+// without a command, or while it runs.
+void startProgram(const QStringList &command, const QString &root, QProcess *program);
 
-    void start(); // where there is a command, and it does not run
-    bool hasEnded() const { return !command.isEmpty() && process.state() == QProcess::NotRunning; }
+bool hasFailed(const QProcess &program);
 
-    // To be asked once it has ended.
-    bool hasFailed() const;
-    QString outcome(const Driver &driver) const; // its failure, or what a tap on save or No did
-
-private:
-    const QStringList command;
-    const QString log;
-    QProcess process;
-};
+// Its failure, or what the tap on save or No did that ended it.
+QString outcomeOf(const QProcess &program, const Driver &driver);

@@ -2,6 +2,7 @@
 
 #include <QElapsedTimer>
 #include <QFile>
+#include <QPair>
 #include <QRegExp>
 #include <QStringList>
 #include <QTextStream>
@@ -15,12 +16,6 @@ namespace {
 constexpr int longestLine = 1000;
 constexpr char timeForm[] = "whole milliseconds or seconds, as 600ms or 2s";
 
-struct Command
-{
-    const char *usage;
-    const char *meaning;
-};
-
 // "600ms" or "2s" in milliseconds; -1 for anything else.
 int milliseconds(const QString &text)
 {
@@ -28,7 +23,8 @@ int milliseconds(const QString &text)
     return time.exactMatch(text) ? time.cap(1).toInt() * (time.cap(2) == "s" ? 1000 : 1) : -1;
 }
 
-const Command commands[] = {
+// Usage and meaning.
+const QPair<const char *, const char *> commands[] = {
     { "press KEY [TIME]", "hold the key, let go after 400ms or TIME" },
     { "hold KEY", "press and go on with the script" },
     { "release", "let go" },
@@ -120,6 +116,27 @@ QString faultOf(const QString &word, const QString &usage, const Wheel &wheel)
         : QString(R"(there is no %1 "%2", only %3)").arg(kind.toLower(), word, choices.join(", "));
 }
 
+// Gives what is wrong with the line or not as it expects, else nothing.
+QString execute(const QString &line, Driver *driver, QTextStream *output)
+{
+    const QStringList words = line.simplified().split(' ');
+    if (words.first().isEmpty() || words.first().startsWith('#'))
+        return QString();
+    for (const auto &command : commands) {
+        const QStringList usage = QString(command.first).split(' ');
+        if (usage.first() != words.first())
+            continue;
+        QString fault;
+        for (int i = 1; fault.isEmpty() && i < qMax(usage.size(), words.size()); ++i)
+            fault = faultOf(words.value(i), usage.value(i), driver->wheel);
+        if (!fault.isEmpty())
+            return QString("%1 (%2)").arg(fault, command.first);
+        fault = run(words, driver, output);
+        return fault.isEmpty() ? driver->fault() : fault;
+    }
+    return QString(R"(there is no command "%1")").arg(words.first());
+}
+
 // A held key goes on writing while the next line is not there yet.
 bool readLine(QFile *file, Driver *driver, QString *line)
 {
@@ -135,29 +152,9 @@ bool readLine(QFile *file, Driver *driver, QString *line)
 QString scriptHelp()
 {
     QString text;
-    for (const Command &command : commands)
-        text += QString("  %1  %2\n").arg(command.usage, -28).arg(command.meaning);
+    for (const auto &command : commands)
+        text += QString("  %1  %2\n").arg(command.first, -28).arg(command.second);
     return text + QString("TIME is in %1; WAY is one of %2.").arg(timeForm, wayNames().join(", "));
-}
-
-QString execute(const QString &line, Driver *driver, QTextStream *output)
-{
-    const QStringList words = line.simplified().split(' ');
-    if (words.first().isEmpty() || words.first().startsWith('#'))
-        return QString();
-    for (const Command &command : commands) {
-        const QStringList usage = QString(command.usage).split(' ');
-        if (usage.first() != words.first())
-            continue;
-        QString fault;
-        for (int i = 1; fault.isEmpty() && i < qMax(usage.size(), words.size()); ++i)
-            fault = faultOf(words.value(i), usage.value(i), driver->wheel);
-        if (!fault.isEmpty())
-            return QString("%1 (%2)").arg(fault, command.usage);
-        fault = run(words, driver, output);
-        return fault.isEmpty() ? driver->fault() : fault;
-    }
-    return QString(R"(there is no command "%1")").arg(words.first());
 }
 
 int runScript(const QString &name, Driver *driver, QTextStream *output, QTextStream *errors)

@@ -6,9 +6,6 @@ class QTextStream;
 
 QString scriptHelp();
 
-// Gives what is wrong with the line or not as it expects, else nothing.
-QString execute(const QString &line, Driver *driver, QTextStream *output);
-
 // Does the lines of a file, or of standard input for "-", each as soon as it is complete, and
 // answers "ok" to each. Gives the exit status: 1 at the first line that is wrong or fails.
 int runScript(const QString &name, Driver *driver, QTextStream *output, QTextStream *errors);

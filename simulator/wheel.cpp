@@ -61,9 +61,8 @@ QString parseWheel(const QByteArray &text, Wheel *wheel)
 
 const WheelKey *Wheel::find(const QString &name) const
 {
-    const auto *key = std::find_if(keys.begin(), keys.end(),
-                                   [&name](const WheelKey &key) { return key.name == name; });
-    return key == keys.end() ? nullptr : key;
+    const int index = keyNames().indexOf(name);
+    return index < 0 ? nullptr : &keys.at(index);
 }
 
 QStringList Wheel::keyNames() const

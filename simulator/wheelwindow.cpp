@@ -5,12 +5,10 @@
 #include "program.h"
 
 #include <QApplication>
-#include <QBrush>
 #include <QByteArray>
 #include <QColor>
 #include <QFont>
 #include <QKeyEvent>
-#include <QLinearGradient>
 #include <QMap>
 #include <QMouseEvent>
 #include <QPainter>
@@ -18,14 +16,18 @@
 #include <QPair>
 #include <QPoint>
 #include <QPolygon>
+#include <QProcess>
 #include <QRect>
 #include <QScreen>
 #include <QSize>
 #include <QString>
+#include <QStringList>
 #include <QTextStream>
 #include <QTimerEvent>
 #include <QVector>
 #include <QWidget>
+
+#include <utility>
 
 namespace {
 
@@ -35,9 +37,6 @@ constexpr int padRows = 4;
 const QPoint centre(240, 240);
 const QRect hub(182, 186, 116, 116);
 const QRect display(124, 72, 232, 88);
-const QRect line1(130, 77, 220, 21);
-const QRect line2(130, 98, 220, 22);
-const QRect lines34(134, 122, 212, 34);
 
 const QColor white(0xe8, 0xec, 0xf2);
 const QColor gray(0x50, 0x58, 0x66);
@@ -52,14 +51,6 @@ const QMap<QByteArray, QPair<QString, QColor>> flagTexts = {
     { "0", { "LEARNING OFF", green } },
     { "11", { "KEYS CLEARED", yellow } },
 };
-
-QBrush shade(const QRect &rect, const QColor &top, const QColor &bottom)
-{
-    QLinearGradient gradient(rect.topLeft(), rect.bottomLeft());
-    gradient.setColorAt(0, top);
-    gradient.setColorAt(1, bottom);
-    return gradient;
-}
 
 // Words stay whole; the text shrinks to fit.
 void write(QPainter *painter, const QRect &rect, const QColor &colour, int pixels,
@@ -80,7 +71,7 @@ void drawBox(QPainter *painter, const QRect &rect, int radius, const QColor &edg
              const QColor &face)
 {
     painter->setPen(QPen(edge, 2));
-    painter->setBrush(shade(rect, face.lighter(140), face));
+    painter->setBrush(face);
     painter->drawRoundedRect(rect, radius, radius);
 }
 
@@ -92,7 +83,7 @@ void paintWheel(QPainter *painter)
     spokes.addRoundedRect(QRect(28, 166, 424, 154), 24, 24);
     spokes.addEllipse(centre, 96, 88);
     spokes.addPolygon(QPolygon({ { 196, 300 }, { 284, 300 }, { 268, 450 }, { 212, 450 } }));
-    painter->fillPath(spokes, shade(QRect(0, 150, 480, 200), gray, dark));
+    painter->fillPath(spokes, gray.darker(130));
 
     painter->setBrush(Qt::NoBrush);
     painter->setPen(QPen(gray.darker(140), 24));
@@ -107,8 +98,8 @@ class WheelWindow : public QWidget
 {
 public:
     // The keys of line 2 are on the left, column by column from the hub to the rim.
-    WheelWindow(Driver *driver, Program *program, const QSize &headUnit)
-        : driver(driver), program(program), headUnit(headUnit)
+    WheelWindow(Driver *driver, const QSize &headUnit, QStringList command, QString root)
+        : driver(driver), headUnit(headUnit), command(std::move(command)), root(std::move(root))
     {
         int placed[] = { 0, 0 };
         for (const WheelKey &key : driver->wheel.keys) {
@@ -121,18 +112,24 @@ public:
         }
         setWindowTitle("Steering wheel");
         setFixedSize(wheelSide, wheelSide);
-        startProgram();
+        start();
         startTimer(driver->period);
+    }
+
+    ~WheelWindow() override
+    {
+        program.terminate();
+        program.waitForFinished();
     }
 
 protected:
     void timerEvent(QTimerEvent *) override
     {
         driver->writeNext();
-        if (outcome.isEmpty() && program->hasEnded()) {
-            outcome = program->outcome(*driver);
-            QTextStream(program->hasFailed() ? stderr : stdout) << outcome << endl;
-            if (program->hasFailed())
+        if (!command.isEmpty() && outcome.isEmpty() && program.state() == QProcess::NotRunning) {
+            outcome = outcomeOf(program, *driver);
+            QTextStream(hasFailed(program) ? stderr : stdout) << outcome << endl;
+            if (hasFailed(program))
                 QApplication::exit(1);
         }
         placeOnce();
@@ -143,7 +140,7 @@ protected:
     {
         const QPoint position = event->pos() * wheelSide / width();
         if (display.contains(position))
-            startProgram();
+            start();
         for (int i = 0; i < pads.size(); ++i) {
             if (pads.at(i).contains(position))
                 driver->hold(driver->wheel.keys.at(i));
@@ -155,14 +152,14 @@ protected:
     void keyPressEvent(QKeyEvent *event) override
     {
         if (event->key() == Qt::Key_Space)
-            startProgram();
+            start();
     }
 
     void paintEvent(QPaintEvent *) override
     {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.fillRect(rect(), shade(rect(), dark.lighter(130), dark.darker()));
+        painter.fillRect(rect(), dark);
         painter.scale(qreal(width()) / wheelSide, qreal(width()) / wheelSide);
         paintWheel(&painter);
         paintDriver(&painter);
@@ -171,10 +168,10 @@ protected:
     }
 
 private:
-    void startProgram()
+    void start()
     {
         outcome.clear();
-        program->start();
+        startProgram(command, root, &program);
     }
 
     // The window's manager gives it its frame some time after it is shown.
@@ -190,19 +187,17 @@ private:
         move(place.topLeft());
     }
 
-    // The driver's files, on the instrument cluster.
+    // The driver's files and how the program has ended, on the instrument cluster.
     void paintDriver(QPainter *painter) const
     {
         const auto flag = flagTexts.value(driver->flag(), { "NO FLAG", red });
-        const bool ended = !outcome.isEmpty();
-        const QString reading = driver->fault().isEmpty() ? driver->reading() : driver->fault();
+        QStringList lines(outcome.isEmpty() ? flag.first : outcome);
+        if (driver->held() || outcome.isEmpty())
+            lines << driver->reading() << driver->note() << driver->fault();
+        else
+            lines << "Click here or press Space to start again";
         drawBox(painter, display, 12, gray, dark.darker());
-        write(painter, line1, ended ? green : flag.second, 15, ended ? outcome : flag.first);
-        write(painter, line2, white, 16, reading.isEmpty() ? "press a key" : reading);
-        write(painter, lines34, yellow, 11,
-              driver->held() ? driver->note()
-                  : ended    ? "Click here or press Space to start again"
-                             : "");
+        write(painter, display.adjusted(8, 6, -8, -6), flag.second, 15, lines.join('\n').trimmed());
     }
 
     void paintPad(QPainter *painter, const QRect &pad, const WheelKey &key) const
@@ -214,8 +209,10 @@ private:
     }
 
     Driver *driver;
-    Program *program;
     const QSize headUnit;
+    const QStringList command; // of the program, may be empty
+    const QString root;
+    QProcess program;
     QSize frame;
     QString outcome; // of the program, empty until it has ended
     QVector<QRect> pads; // one for each key
@@ -223,9 +220,10 @@ private:
 
 } // namespace
 
-int showWheel(Driver *driver, Program *program, const QSize &headUnit)
+int showWheel(Driver *driver, const QSize &headUnit, const QStringList &command,
+              const QString &root)
 {
-    WheelWindow window(driver, program, headUnit);
+    WheelWindow window(driver, headUnit, command, root);
     window.show();
     return QApplication::exec();
 }
