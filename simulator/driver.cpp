@@ -92,18 +92,18 @@ void Driver::release()
 
 void Driver::writeNext()
 {
-    if (!heldKey)
-        return;
-    const Measurement measurement = measure(wheel, *heldKey, drift, count++, &chance);
-    const QJsonObject learned = configuration();
-    const QString decoded = wheel.functionName(decode(measurement, learned));
-    lastFunction = isLearning() ? QString() : decoded;
-    lastNote = isLearning() ? QString() : decodedText(*heldKey, decoded, learned);
-    write(measurement);
+    if (heldKey)
+        write(measure(wheel, *heldKey, drift, count++, &chance));
+}
+
+QString Driver::function() const
+{
+    return heldKey && !isLearning() ? wheel.functionName(decode(last, configuration())) : QString();
 }
 
 void Driver::write(const Measurement &measurement)
 {
+    last = measurement;
     lastReading = readingText(payloadOf(measurement));
     if (!writeReading(folder + "swc_keys", lastReading, way))
         fileFault = QString("can't write %1swc_keys").arg(folder);

@@ -35,9 +35,8 @@ public:
 
     Measurement press(const WheelKey &key) { return settledPress(wheel, key, &chance); }
     const WheelKey *held() const { return heldKey; } // nullptr for none
+    QString function() const; // that the held key is decoded as; empty while learning
     QString reading() const { return lastReading; }
-    QString function() const { return lastFunction; } // of the last press, empty while learning
-    QString note() const { return lastNote; } // on that function
     QString fault() const { return fileFault; } // of any reading so far
 
     const Wheel wheel;
@@ -52,8 +51,7 @@ private:
     const WheelKey *heldKey = nullptr;
     double drift = 0; // of the press
     int count = 0; // of the press's readings
+    Measurement last{};
     QByteArray lastReading;
-    QString lastFunction;
-    QString lastNote;
     QString fileFault;
 };

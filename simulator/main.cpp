@@ -71,7 +71,7 @@ QString readOptions(const QCommandLineParser &parser, Wheel *wheel)
 
 int main(int argc, char **argv)
 {
-    auto application = std::make_unique<QCoreApplication>(argc, argv);
+    std::unique_ptr<QCoreApplication> application = std::make_unique<QCoreApplication>(argc, argv);
     QCommandLineParser parser;
     parser.setApplicationDescription(description + scriptHelp());
     parser.addHelpOption();
@@ -95,7 +95,7 @@ int main(int argc, char **argv)
         return runScript(parser.value("script"), &driver, &output, &errors);
 
     application.reset(); // a script needs no display, and there can be only one
-    application.reset(new QApplication(argc, argv));
+    application = std::make_unique<QApplication>(argc, argv);
     return showWheel(&driver, headUnitOf(parser), parser.positionalArguments(),
                      parser.value("root"));
 }

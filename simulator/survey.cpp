@@ -5,9 +5,9 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QJsonDocument>
-#include <QTextStream>
 
 #include <algorithm>
+#include <cstdio>
 #include <functional>
 #include <numeric>
 
@@ -72,7 +72,7 @@ QMap<int, QString> learn(const Wheel &wheel, Chance *chance)
             const QByteArray payload = payloadOf(measure(wheel, key, drift, i, chance));
             const QString sample = sampleRecord(key.code, QString::fromLatin1(payload));
             if (std::none_of(learned.begin(), learned.end(),
-                             [&](const QString &record) { return collides(sample, record); })
+                             [&sample](const QString &record) { return collides(sample, record); })
                 && !samples.values().contains(sample))
                 samples.insert(i, sample);
         }
@@ -82,7 +82,7 @@ QMap<int, QString> learn(const Wheel &wheel, Chance *chance)
     return learned;
 }
 
-Outcome survey(const Wheel &wheel, Chance *chance, QTextStream *details)
+Outcome survey(const Wheel &wheel, bool listPresses, Chance *chance)
 {
     const QMap<int, QString> learned = learn(wheel, chance);
     const QByteArray text = configurationText(learned, decodingOf(selectChannel(learned, 2)),
@@ -93,36 +93,33 @@ Outcome survey(const Wheel &wheel, Chance *chance, QTextStream *details)
         for (int i = 0; i < pressesOfKey; ++i) {
             const int code = decode(settledPress(wheel, key, chance), configuration);
             ++outcome[!learned.contains(key.code) ? 3 : code == key.code ? 0 : code == 0 ? 2 : 1];
-            if (details)
-                *details << decodedText(key, wheel.functionName(code), configuration) << '\n';
+            if (listPresses)
+                std::puts(qPrintable(decodedText(key, wheel.functionName(code), configuration)));
         }
     }
     return outcome;
 }
 
-void surveyWheels(quint32 seed, int count, bool listFailures, QTextStream *output)
+void surveyWheels(quint32 seed, int count, bool listFailures)
 {
     QMap<int, Outcome> rows;
     for (int i = 0; i < count; ++i, ++seed) {
         Chance chance(seed);
         const double spacingToNoise = between(1, 30, &chance);
         const Wheel wheel = randomWheel(spacingToNoise, &chance);
-        const Outcome outcome = survey(wheel, &chance, count == 1 ? output : nullptr);
+        const Outcome outcome = survey(wheel, count == 1, &chance);
         Outcome &row = rows[static_cast<int>(spacingToNoise) / rowHeight * rowHeight];
         std::transform(outcome.begin(), outcome.end(), row.begin(), row.begin(), std::plus<>());
         if (listFailures && outcome[0] < pressesOfKey * wheel.keys.size())
-            *output << "failure: --wheels 1 --seed " << seed << '\n';
+            std::printf("failure: --wheels 1 --seed %u\n", seed);
     }
-    *output << "spacing/noise   presses    itself   another      none   refused\n";
+    std::puts("spacing/noise   presses    itself   another      none   refused");
     for (auto row = rows.begin(); row != rows.end(); ++row) {
         const int presses = std::accumulate(row->begin(), row->end(), 0);
-        *output << QString("%1 to %2 %3")
-                       .arg(row.key(), 6)
-                       .arg(row.key() + rowHeight, 2)
-                       .arg(presses, 10);
+        std::printf("%6d to %2d %10d", row.key(), row.key() + rowHeight, presses);
         for (const int part : *row)
-            *output << QString("%1%").arg(100.0 * part / presses, 9, 'f', 3);
-        *output << '\n';
+            std::printf("%9.3f%%", 100.0 * part / presses);
+        std::puts("");
     }
 }
 
@@ -135,11 +132,9 @@ int main(int argc, char **argv)
     parser.setApplicationDescription(description);
     parser.addHelpOption();
     using Option = QCommandLineOption;
-    parser.addOption(Option("seed", "Seed of the first wheel (default: 1).", "number", "1"));
-    parser.addOption(Option("wheels",
-                            "How many, each with the next seed; 1 shows all presses "
-                            "(default: 10000).",
-                            "number", "10000"));
+    parser.addOption(
+        Option("seed", "Seed of the first wheel, the next has the next.", "number", "1"));
+    parser.addOption(Option("wheels", "How many; 1 shows all presses.", "number", "10000"));
     parser.addOption(Option("failures", "Also list the seed of every failure."));
     parser.process(application);
 
@@ -147,10 +142,9 @@ int main(int argc, char **argv)
     const quint32 seed = parser.value("seed").toUInt(&seedGood);
     const int wheels = parser.value("wheels").toInt();
     if (!seedGood || wheels < 1 || !parser.positionalArguments().isEmpty()) {
-        QTextStream(stderr) << "--seed and --wheels want whole numbers, see --help\n";
+        std::fputs("--seed and --wheels want whole numbers, see --help\n", stderr);
         return 1;
     }
-    QTextStream output(stdout);
-    surveyWheels(seed, wheels, parser.isSet("failures"), &output);
+    surveyWheels(seed, wheels, parser.isSet("failures"));
     return 0;
 }

@@ -192,18 +192,20 @@ private:
     {
         const auto flag = flagTexts.value(driver->flag(), { "NO FLAG", red });
         QStringList lines(outcome.isEmpty() ? flag.first : outcome);
-        if (driver->held() || outcome.isEmpty())
-            lines << driver->reading() << driver->note() << driver->fault();
-        else
+        lines << driver->reading() << driver->fault();
+        if (!driver->function().isEmpty())
+            lines << decodedText(*driver->held(), driver->function(), driver->configuration());
+        else if (!outcome.isEmpty())
             lines << "Click here or press Space to start again";
+        lines.removeAll(QString());
         drawBox(painter, display, 12, gray, dark.darker());
-        write(painter, display.adjusted(8, 6, -8, -6), flag.second, 15, lines.join('\n').trimmed());
+        write(painter, display.adjusted(8, 6, -8, -6), flag.second, 15, lines.join('\n'));
     }
 
     void paintPad(QPainter *painter, const QRect &pad, const WheelKey &key) const
     {
         const bool held = &key == driver->held();
-        const bool lit = held && key.name == driver->function();
+        const bool lit = key.name == driver->function();
         drawBox(painter, pad, 6, held ? white : gray, lit ? green : held ? blue : gray.darker());
         write(painter, pad.adjusted(3, 3, -3, -3), held ? dark : white, 10, key.label);
     }
