@@ -54,6 +54,7 @@ private slots:
     void init();
 
     void builtInWheelHasTheKeysOfTheCatalogue();
+    void readsRegularFilesOnly();
     void badWheelIsTold_data();
     void badWheelIsTold();
     void decodesTheNearestWithinTheInterval();
@@ -65,7 +66,6 @@ private slots:
     void scripts();
     void programsEndIsTold_data();
     void programsEndIsTold();
-    void wheelLiesBesideTheHeadUnit_data();
     void wheelLiesBesideTheHeadUnit();
 
 private:
@@ -97,6 +97,14 @@ void TestSimulator::builtInWheelHasTheKeysOfTheCatalogue()
     QCOMPARE(wheel.keys.size(), catalogue.codes.size());
     for (int i = 0; i < catalogue.codes.size(); ++i)
         QCOMPARE(wheel.functionName(catalogue.codes.at(i)), catalogue.names.at(i));
+}
+
+void TestSimulator::readsRegularFilesOnly()
+{
+    QByteArray content;
+    QCOMPARE(readRegularFile("/dev/zero", &content), QString("no regular file"));
+    QCOMPARE(readRegularFile(".", &content), QString("no regular file"));
+    QVERIFY(readRegularFile("missing", &content).startsWith("No such file"));
 }
 
 void TestSimulator::badWheelIsTold_data()
@@ -241,15 +249,17 @@ void TestSimulator::programsEndIsTold_data()
 {
     QTest::addColumn<QString>("lines");
     QTest::addColumn<QString>("outcome");
-    const auto row = [](const char *lines, const char *outcome) {
-        QTest::newRow(lines) << lines << outcome;
-    };
-    row("echo '[f 1] canel all keys'; echo '[f 1] save all keys' >&2", "Saved 3 keys");
-    row("echo save all keys; echo '[f 1] canel all keys'", "No: nothing is saved");
-    row("echo > media/flash/nvm/direction.bak; echo '[f 1] canel all keys'",
-        "No: the backup is back");
-    row("exit 3", "sh failed");
-    row("kill -9 $$", "sh failed");
+    QTest::newRow("save") << "echo '[f 1] canel all keys'; echo '[f 1] save all keys' >&2"
+                          << "Saved 3 keys";
+    QTest::newRow("No") << "echo '[f 1] save all keys'; echo '[f 1] canel all keys'"
+                        << "No: nothing is saved";
+    QTest::newRow("No with a backup")
+        << "echo > media/flash/nvm/direction.bak; echo '[f 1] canel all keys'"
+        << "No: the backup is back";
+    QTest::newRow("a failure") << "exit 3"
+                               << "sh failed";
+    QTest::newRow("a crash") << "kill -9 $$"
+                             << "sh failed";
 }
 
 void TestSimulator::programsEndIsTold()
@@ -263,24 +273,15 @@ void TestSimulator::programsEndIsTold()
     QCOMPARE(hasFailed(program), outcome.endsWith("failed"));
 }
 
-void TestSimulator::wheelLiesBesideTheHeadUnit_data()
-{
-    QTest::addColumn<QRect>("freeArea");
-    QTest::addColumn<QRect>("place");
-    QTest::newRow("large") << QRect(0, 0, 1600, 1000) << QRect(1026, 0, 482, 500);
-    QTest::newRow("with a panel at the top and left")
-        << QRect(30, 40, 1600, 960) << QRect(1056, 40, 482, 500);
-    QTest::newRow("narrow") << QRect(0, 0, 1366, 768) << QRect(1026, 0, 340, 358);
-    QTest::newRow("upright, so over the instructions")
-        << QRect(0, 0, 1080, 1920) << QRect(838, 0, 242, 260);
-    QTest::newRow("too small, so over the instructions")
-        << QRect(0, 0, 1024, 600) << QRect(782, 0, 242, 260);
-}
-
 void TestSimulator::wheelLiesBesideTheHeadUnit()
 {
-    QFETCH(QRect, freeArea);
-    QTEST(placeBeside({ 1024, 600 }, freeArea, { 2, 20 }), "place");
+    const auto place = [](const QRect &freeArea) {
+        return placeBeside({ 1024, 600 }, freeArea, { 2, 20 });
+    };
+    QCOMPARE(place({ 0, 0, 1600, 1000 }), QRect(1026, 0, 482, 500));
+    QCOMPARE(place({ 30, 40, 1600, 960 }), QRect(1056, 40, 482, 500)); // panels above and left
+    QCOMPARE(place({ 0, 0, 1366, 768 }), QRect(1026, 0, 340, 358)); // smaller
+    QCOMPARE(place({ 0, 0, 1024, 768 }), QRect(782, 0, 242, 260)); // over the instructions
 }
 
 QTEST_GUILESS_MAIN(TestSimulator)
