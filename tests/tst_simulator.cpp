@@ -184,7 +184,7 @@ void TestSimulator::piecesAreSeen()
         while (!seen && !done)
             seen = contentOf("swc_keys") == "7:2,1,2";
     });
-    for (int i = 0; !seen && i < 1000000; ++i)
+    for (int i = 0; !seen && i < 100000; ++i)
         writeReading("swc_keys", "7:2,1,2,3", Way::Pieces);
     done = true;
     reader.join();
