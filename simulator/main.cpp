@@ -2,10 +2,13 @@
 #include "wheelwindow.h"
 
 #include <QApplication>
+#include <QByteArray>
 #include <QCommandLineOption>
 #include <QCommandLineParser>
+#include <QCoreApplication>
 #include <QDir>
 #include <QSize>
+#include <QString>
 #include <QStringList>
 #include <QTextStream>
 

@@ -1,5 +1,6 @@
 #include "place.h"
 
+#include <QPoint>
 #include <QtGlobal>
 
 constexpr int smallestSide = 240;

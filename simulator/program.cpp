@@ -2,6 +2,7 @@
 
 #include "driver.h"
 
+#include <QByteArray>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonObject>

@@ -2,6 +2,8 @@
 
 #include "driver.h"
 
+#include <QString>
+
 class QTextStream;
 
 QString scriptHelp();

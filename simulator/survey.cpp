@@ -2,9 +2,14 @@
 #include "driver.h"
 #include "records.h"
 
+#include <QByteArray>
+#include <QCommandLineOption>
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QJsonDocument>
+#include <QJsonObject>
+#include <QMap>
+#include <QString>
 
 #include <algorithm>
 #include <cstdio>
@@ -72,7 +77,9 @@ QMap<int, QString> learn(const Wheel &wheel, Chance *chance)
             const QByteArray payload = payloadOf(measure(wheel, key, drift, i, chance));
             const QString sample = sampleRecord(key.code, QString::fromLatin1(payload));
             if (std::none_of(learned.begin(), learned.end(),
-                             [&sample](const QString &record) { return collides(sample, record); })
+                             [&sample](const QString &record) {
+                                 return collides(RecordFields(sample), RecordFields(record));
+                             })
                 && !samples.values().contains(sample))
                 samples.insert(i, sample);
         }
@@ -85,8 +92,8 @@ QMap<int, QString> learn(const Wheel &wheel, Chance *chance)
 Outcome survey(const Wheel &wheel, bool listPresses, Chance *chance)
 {
     const QMap<int, QString> learned = learn(wheel, chance);
-    const QByteArray text = configurationText(learned, decodingOf(selectChannel(learned, 2)),
-                                              decodingOf(selectChannel(learned, 3)));
+    const QByteArray text =
+        configurationText(learned, selectChannel(learned, 2), selectChannel(learned, 3));
     const QJsonObject configuration = QJsonDocument::fromJson(text).object();
     Outcome outcome{};
     for (const WheelKey &key : wheel.keys) {

@@ -2,6 +2,7 @@
 
 #include "readingfile.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 #include <QVector>

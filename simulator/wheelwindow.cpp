@@ -8,12 +8,15 @@
 #include <QByteArray>
 #include <QColor>
 #include <QFont>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMap>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPaintEvent>
 #include <QPair>
+#include <QPen>
 #include <QPoint>
 #include <QPolygon>
 #include <QProcess>
