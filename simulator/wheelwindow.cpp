@@ -12,9 +12,9 @@
 #include <QKeyEvent>
 #include <QMap>
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QPainterPath>
-#include <QPaintEvent>
 #include <QPair>
 #include <QPen>
 #include <QPoint>
