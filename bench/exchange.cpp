@@ -1,115 +1,155 @@
-#include "exchange.h"
-
 #include "buttonstyles.h"
 #include "frames.h"
+#include "keymainwindow.h"
 #include "platform.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QElapsedTimer>
+#include <QFile>
+#include <QFileSystemWatcher>
 #include <QPushButton>
-#include <QRunnable>
-#include <QThreadPool>
 
 #include <atomic>
+#include <cstdio>
+#include <memory>
+#include <thread>
 
 #include <fcntl.h>
 #include <unistd.h>
 
+// exchange window|bare SAMPLES [asleep]
+// Writes so many samples and a release, each when the one before was taken: by the window, or by a
+// bare watcher of the same file. Asleep: another thread writes, once the event loop waits, and the
+// microseconds are printed until the sample was taken, or the green button was painted.
+
 namespace {
 
-constexpr int napMicroseconds = 200; // the event loop sleeps again by then
+constexpr char release[] = "16:2,4095,4095,4095";
+constexpr int secondsAtMost = 120;
+constexpr int napMicroseconds = 200; // the event loop waits again by then
 
 QElapsedTimer timer;
-std::atomic<qint64> writtenAt; // nanoseconds
-qint64 answeredAt; // nanoseconds, 0 while there is no answer
-QPushButton *awaitedGreen = nullptr;
-QtMessageHandler writeLogLine;
+std::atomic<qint64> writtenAt; // in nanoseconds
+qint64 takenAt; // 0: not yet
+bool writesAsleep = false;
 
-void answerStored(QtMsgType type, const QMessageLogContext &context, const QString &line)
+// Takes the readings that are watched, by itself or after somebody else.
+class Reader : public QObject
 {
-    if (line.startsWith("[swc_print][func:insertSampleKeys]"))
-        answer();
-    writeLogLine(type, context, line);
-}
+    Q_OBJECT
 
-void answerGreen(QWindow *window)
+public:
+    QPushButton *button = nullptr;
+    bool awaitsGreen = false;
+
+    void follow(QFileSystemWatcher *watcher, const char *slot)
+    {
+        connect(watcher, SIGNAL(fileChanged(QString)), this, slot);
+    }
+
+public slots:
+    // The least that one can do: read a sample, and paint one button on a release.
+    void read(const QString &path) const
+    {
+        QFile file(path);
+        file.open(QIODevice::ReadOnly);
+        if (file.readAll() == release)
+            button->setStyleSheet(ButtonStyles::learned);
+        take();
+    }
+
+    void take() const
+    {
+        if (takenAt == 0 && !awaitsGreen)
+            takenAt = timer.nsecsElapsed();
+    }
+};
+
+Reader reader;
+
+void awaitGreen(QWindow *window)
 {
-    if (awaitedGreen && awaitedGreen->window()->windowHandle() == window
-        && awaitedGreen->styleSheet() == ButtonStyles::learned)
-        answer();
+    if (takenAt == 0 && reader.awaitsGreen && reader.button->window()->windowHandle() == window
+        && reader.button->styleSheet() == ButtonStyles::learned)
+        takenAt = timer.nsecsElapsed();
 }
 
 // In place and in one call, so that a reading is one change of the file.
 void write(const QByteArray &text)
 {
-    static const int file = open(Platform::reading, O_WRONLY);
+    static const int file = open(Platform::reading, O_WRONLY | O_CLOEXEC);
     writtenAt = timer.nsecsElapsed();
     if (pwrite(file, text.constData(), text.size(), 0) != text.size())
         qFatal("%s can't be written", Platform::reading);
 }
 
-class Driver : public QRunnable
+void writeAsleep(const QByteArray &text)
 {
-public:
-    explicit Driver(const QByteArray &reading) : text(reading) { }
+    usleep(napMicroseconds);
+    write(text);
+}
 
-    void run() override
-    {
-        usleep(napMicroseconds);
+void exchange(const QByteArray &text, const char *what)
+{
+    takenAt = 0;
+    std::thread writer;
+    if (writesAsleep)
+        writer = std::thread(writeAsleep, text);
+    else
         write(text);
-    }
-
-private:
-    QByteArray text;
-};
-
-void awaitAnswer()
-{
-    while (answeredAt == 0)
+    while (takenAt == 0)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    if (writer.joinable()) {
+        writer.join();
+        std::printf("%s: %lld\n", what, (takenAt - writtenAt) / 1000);
+    }
 }
 
 } // namespace
 
-QString payload(int index)
+// All differ, are of one length, and lie further apart than colliding ones.
+extern "C" __attribute__((noinline)) void takeSamples(int count)
 {
-    return QString("2,%1,%2,4094").arg(1000 + index * 100 % 3000).arg(1000 + index / 30);
+    for (int i = 0; i < count; ++i) {
+        const QString payload =
+            QString("2,%1,%2,4094").arg(1000 + i * 100 % 3000).arg(1000 + i / 30);
+        exchange("16:" + payload.toLatin1(), "sample");
+    }
 }
 
-QByteArray reading(int index)
+extern "C" __attribute__((noinline)) void takeRelease()
 {
-    return "16:" + payload(index).toLatin1();
+    reader.awaitsGreen = true;
+    exchange(release, "release");
 }
 
-void watchAnswers()
+int main(int argc, char **argv)
 {
-    frameShown = answerGreen;
-    writeLogLine = qInstallMessageHandler(answerStored);
+    alarm(secondsAtMost);
+    QApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    frameShown = awaitGreen;
     timer.start();
+
+    std::unique_ptr<KeyMainWindow> window;
+    QPushButton bareButton;
+    QFileSystemWatcher bareWatcher;
+    if (arguments.value(1) == "window") {
+        window = std::make_unique<KeyMainWindow>(nullptr);
+        window->show();
+        reader.button = window->findChild<QPushButton *>(); // the first key's
+        reader.button->click();
+        reader.follow(window->findChild<QFileSystemWatcher *>(), SLOT(take()));
+    } else {
+        bareButton.show();
+        bareWatcher.addPath(Platform::reading);
+        reader.button = &bareButton;
+        reader.follow(&bareWatcher, SLOT(read(QString)));
+    }
+    QCoreApplication::processEvents();
+    writesAsleep = arguments.value(3) == "asleep";
+    takeSamples(arguments.value(2).toInt());
+    takeRelease();
 }
 
-void answer()
-{
-    if (answeredAt == 0)
-        answeredAt = timer.nsecsElapsed();
-}
-
-void awaitGreen(QPushButton *button)
-{
-    awaitedGreen = button;
-}
-
-void take(const QByteArray &text)
-{
-    answeredAt = 0;
-    write(text);
-    awaitAnswer();
-}
-
-double waitFor(const QByteArray &text)
-{
-    answeredAt = 0;
-    QThreadPool::globalInstance()->start(new Driver(text));
-    awaitAnswer();
-    return (answeredAt - writtenAt) / 1000.0;
-}
+#include "exchange.moc"
