@@ -33,7 +33,7 @@ std::atomic<qint64> writtenAt; // in nanoseconds
 qint64 takenAt; // 0: not yet
 bool writesAsleep = false;
 
-// Takes the readings that are watched, by itself or after somebody else.
+// Takes the readings that a watcher tells of, by itself or after the window.
 class Reader : public QObject
 {
     Q_OBJECT
@@ -41,11 +41,6 @@ class Reader : public QObject
 public:
     QPushButton *button = nullptr;
     bool awaitsGreen = false;
-
-    void follow(QFileSystemWatcher *watcher, const char *slot)
-    {
-        connect(watcher, SIGNAL(fileChanged(QString)), this, slot);
-    }
 
 public slots:
     // The least that one can do: read a sample, and paint one button on a release.
@@ -60,7 +55,7 @@ public slots:
 
     void take() const
     {
-        if (takenAt == 0 && !awaitsGreen)
+        if (!awaitsGreen)
             takenAt = timer.nsecsElapsed();
     }
 };
@@ -69,7 +64,7 @@ Reader reader;
 
 void awaitGreen(QWindow *window)
 {
-    if (takenAt == 0 && reader.awaitsGreen && reader.button->window()->windowHandle() == window
+    if (takenAt == 0 && reader.awaitsGreen && window == reader.button->window()->windowHandle()
         && reader.button->styleSheet() == ButtonStyles::learned)
         takenAt = timer.nsecsElapsed();
 }
@@ -92,17 +87,15 @@ void writeAsleep(const QByteArray &text)
 void exchange(const QByteArray &text, const char *what)
 {
     takenAt = 0;
-    std::thread writer;
-    if (writesAsleep)
-        writer = std::thread(writeAsleep, text);
-    else
+    std::thread writer(writesAsleep ? std::thread(writeAsleep, text) : std::thread());
+    if (!writesAsleep)
         write(text);
     while (takenAt == 0)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    if (writer.joinable()) {
-        writer.join();
-        std::printf("%s: %lld\n", what, (takenAt - writtenAt) / 1000);
-    }
+    if (!writesAsleep)
+        return;
+    writer.join();
+    std::printf("%s: %lld\n", what, (takenAt - writtenAt) / 1000);
 }
 
 } // namespace
@@ -139,12 +132,13 @@ int main(int argc, char **argv)
         window->show();
         reader.button = window->findChild<QPushButton *>(); // the first key's
         reader.button->click();
-        reader.follow(window->findChild<QFileSystemWatcher *>(), SLOT(take()));
+        QObject::connect(window->findChild<QFileSystemWatcher *>(), SIGNAL(fileChanged(QString)),
+                         &reader, SLOT(take()));
     } else {
+        reader.button = &bareButton;
         bareButton.show();
         bareWatcher.addPath(Platform::reading);
-        reader.button = &bareButton;
-        reader.follow(&bareWatcher, SLOT(read(QString)));
+        QObject::connect(&bareWatcher, SIGNAL(fileChanged(QString)), &reader, SLOT(read(QString)));
     }
     QCoreApplication::processEvents();
     writesAsleep = arguments.value(3) == "asleep";

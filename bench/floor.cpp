@@ -17,7 +17,7 @@ namespace {
 
 constexpr int keysPerRow = 8;
 
-QLabel *label(QWidget *window, const QString &text, const QString &style, int height)
+QLabel *label(QWidget *window, const QString &style, int height, const QString &text = QString())
 {
     auto *label = new QLabel(text, window);
     label->setStyleSheet(style);
@@ -27,7 +27,7 @@ QLabel *label(QWidget *window, const QString &text, const QString &style, int he
 
 QLabel *line(QWidget *window)
 {
-    return label(window, QString(), "background-color:gray;", 1);
+    return label(window, "background-color:gray;", 1);
 }
 
 QPushButton *button(QWidget *window, const QString &icon, const QSize &size)
@@ -66,22 +66,19 @@ void build(QWidget *window)
     const int upperPart = 3 * screen.height() / 8;
     window->setGeometry(screen);
     window->setWindowFlags(Qt::WindowStaysOnTopHint);
-    QPalette palette = window->palette();
-    palette.setColor(QPalette::Window, Qt::black);
-    window->setPalette(palette);
+    window->setPalette(QPalette(Qt::gray, Qt::black));
 
-    QLabel *title = label(window, "Velmora",
-                          "background-color:rgb(0, 0, 0);font-size:30px;color:white;font:bold",
-                          int(upperPart * 0.3));
+    QLabel *title =
+        label(window, "background-color:rgb(0, 0, 0);font-size:30px;color:white;font:bold",
+              int(upperPart * 0.3), "Velmora");
     title->setAlignment(Qt::AlignCenter);
     QLabel *instructions =
-        label(window,
+        label(window, "background-color:rgb(0, 0, 0);font-size:20px;color:white;font:normal",
+              int(upperPart * 0.7),
               "1. Tap a button below. It turns from gray to blue.\n"
               "2. Press and release its key on the wheel. The button turns green.\n"
               "3. Repeat steps 1 and 2 for every key that you need.\n"
-              "4. Tap the button with the green tick to save and exit.",
-              "background-color:rgb(0, 0, 0);font-size:20px;color:white;font:normal",
-              int(upperPart * 0.7));
+              "4. Tap the button with the green tick to save and exit.");
     instructions->setWordWrap(true);
     instructions->setFixedWidth(int(screen.width() * 0.94));
 
@@ -98,7 +95,7 @@ void build(QWidget *window)
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
-    const bool empty = argc > 1;
+    const bool empty = argc > 1 && qstrcmp(argv[1], "empty") == 0;
     if (!empty) {
         QFontDatabase().families();
         QApplication::setFont(QFont("Droid Sans Fallback", 16));
