@@ -66,6 +66,12 @@ QByteArray contentOf(const OpenFile &file, int mostBytes)
     return content;
 }
 
+bool isSpecial(const QString &path)
+{
+    const QFileInfo file(path);
+    return file.exists() && !file.isFile();
+}
+
 bool holdsCopy(const QString &from, const QString &to)
 {
     const OpenFile original(from, O_RDONLY);
@@ -135,6 +141,8 @@ void flushToMedium(const QString &path)
 
 void copyFile(const QString &from, const QString &to)
 {
+    if (isSpecial(from) || isSpecial(to))
+        return;
     const QString command = QString("cp -af %1 %2").arg(from, to);
     const int status = system(command.toLatin1().constData());
     Q_UNUSED(status)
