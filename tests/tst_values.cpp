@@ -5,6 +5,9 @@
 #include "records.h"
 #include "util.h"
 
+#include <QBuffer>
+#include <QHash>
+
 // What needs no widget. Each function puts an outcome into words.
 namespace {
 
@@ -66,10 +69,10 @@ QString catalogueOf(const QString &text)
 QString languageOf(const QString &settings)
 {
     const HeadUnit unit;
-    const int withoutSettings = Util().getLanguageIdx();
-    write("media/flash/nvm/Corvane/UserData.ini", settings.toUtf8());
+    write(settingsPath, settings.toUtf8());
     const int language = Util().getLanguageIdx();
-    return QString("%1 then %2%3").arg(withoutSettings).arg(language).arg(takeLog());
+    const QString line = QString("[virtual_print][getLanguageIdx]language idx:%1|").arg(language);
+    return QString::number(language) + (takeLog() == line ? " logged" : "");
 }
 
 } // namespace
@@ -123,13 +126,13 @@ catalogue, a comment begins a line: # a 1 b\r\n#c 2 d\r\n  # a\r\n  # a b\r\n =>
 catalogue, tabs, a fourth field, no line end: \ta \t 1\tb c => a 1 b
 catalogue, fewer fields, no number, the same row again: a 1\r\n\r\n   \r\nb 0x5 c\r\nb 0x5 c\r\n => b 0 c|b 0 c
 catalogue, a NUL byte ends the line: a 1 b@c d\ne 2 f\n => a 1 b|e 2 f
-language, Chinese: Volume=5\nSystemLanguageId=1\n => 0 then 1[virtual_print][getLanguageIdx]language idx:1|
-language, blanks and line ends: \t SystemLanguageId  =  2 \r\nSystemLanguageId=1\r\n => 0 then 2[virtual_print][getLanguageIdx]language idx:2|
-language, no number: SystemLanguageId=Chinese => 0 then 0[virtual_print][getLanguageIdx]language idx:0|
-language, no sign: SystemLanguageId 1\nSystemLanguageId=1 => 0 then 0[virtual_print][getLanguageIdx]language idx:0|
-language, two signs: SystemLanguageId=1=2 => 0 then 1[virtual_print][getLanguageIdx]language idx:1|
-language, a longer key first: SystemLanguageIdOld=3\nSystemLanguageId=1\n => 0 then 3[virtual_print][getLanguageIdx]language idx:3|
-language, no such key: #SystemLanguageId=1\nsystemlanguageid=1 => 0 then 0)");
+language, Chinese: Volume=5\nSystemLanguageId=1\n => 1 logged
+language, blanks and line ends: \t SystemLanguageId  =  2 \r\nSystemLanguageId=1\r\n => 2 logged
+language, no number: SystemLanguageId=Chinese => 0 logged
+language, no sign: SystemLanguageId 1\nSystemLanguageId=1 => 0 logged
+language, two signs: SystemLanguageId=1=2 => 1 logged
+language, a longer key first: SystemLanguageIdOld=3\nSystemLanguageId=1\n => 3 logged
+language, no such key: #SystemLanguageId=1\nsystemlanguageid=1 => 0)");
     }
     void outcomes()
     {

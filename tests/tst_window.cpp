@@ -1,4 +1,14 @@
+#include "androidtoast.h"
 #include "headunit.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QGridLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QScreen>
+#include <QTranslator>
 
 class TestWindow : public QObject
 {
@@ -9,22 +19,13 @@ class TestWindow : public QObject
 2. Next, click the key on SWC(the button clicked in the first step changes from blue to green);
 3. Repeat steps 1 and 2 to learn all the keys you need on SWC;
 4. Finally, click the green tick key to save and exit.)";
-    const QByteArray downKey = "{\"direction1\":[{\"direction_event\":154,\"adc\":[7,8,9]}]}";
-    const QString separatorStyle = "background-color:gray;";
+    const QByteArray downKey = R"({"direction1":[{"direction_event":154,"adc":[7,8,9]}]})";
 
-    static QRect screen() { return QGuiApplication::primaryScreen()->availableGeometry(); }
     static QImage imageOf(const QIcon &icon) { return icon.pixmap(150, 72).toImage(); }
 
     static QStringList embeddedRows()
     {
         return QString(read(":/img/btListInfo.txt")).section('\n', 2).simplified().split(' ');
-    }
-
-    static QVariantList lookOf(const QLabel *label)
-    {
-        return { label->text(),          label->styleSheet(),       int(label->alignment()),
-                 label->minimumHeight(), label->maximumHeight(),    label->wordWrap(),
-                 label->minimumWidth(),  label->hasScaledContents() };
     }
 
     static bool fits(QLabel *label, const QSize &place)
@@ -57,83 +58,62 @@ private slots:
         QCOMPARE(QImage(":/img/prev.png"), QImage(":/img/left.png"));
     }
 
-    void coversTheScreenInBlack()
+    // What a picture of a screen of 800 x 480 or 1024 x 600 does not show.
+    void coversAnyScreenInBlack()
     {
-        const KeyMainWindowProbe probe;
-        const QWidget &window = probe.window;
-        QVERIFY(window.autoFillBackground() && window.geometry() == screen());
+        const RunningUnit unit;
+        const QWidget &window = unit.window;
+        const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+        QVERIFY(window.autoFillBackground() && window.geometry() == screen);
         const auto flags = Qt::WindowType_Mask | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
         QCOMPARE(window.windowFlags() & flags, Qt::Window | Qt::WindowStaysOnTopHint);
         for (auto group : { QPalette::Active, QPalette::Inactive, QPalette::Disabled })
             QCOMPARE(window.palette().brush(group, QPalette::Window), QBrush(QColor(0, 0, 0)));
-    }
 
-    void showsTitleAndInstructions()
-    {
-        const KeyMainWindowProbe probe;
-        const auto labels = probe.window.findChildren<QLabel *>();
-        QCOMPARE(labels.size(), 5);
-        const int upperPart = 3 * screen().height() / 8;
-        const int titleHeight = static_cast<int>(upperPart * 0.3);
-        const int height = static_cast<int>(upperPart * 0.7);
-        const int width = static_cast<int>(screen().width() * 0.94);
-        const QString style = "background-color:rgb(0, 0, 0);font-size:%1px;color:white;font:%2";
-        const int left = Qt::AlignLeft | Qt::AlignVCenter;
-        QCOMPARE(lookOf(labels.at(0)),
-                 (QVariantList{ "Velmora", style.arg(30).arg("bold"), int(Qt::AlignCenter),
-                                titleHeight, titleHeight, false, 0, true }));
-        QCOMPARE(lookOf(labels.at(2)),
-                 (QVariantList{ instructions, style.arg(20).arg("normal"), left, height, height,
-                                true, width, true }));
-        QCOMPARE(labels.at(2)->maximumWidth(), width);
-        for (int text : { 0, 2 })
-            QCOMPARE(labels.at(text)->palette().color(QPalette::WindowText), QColor(Qt::white));
-        for (int separator : { 1, 3, 4 })
-            QCOMPARE(lookOf(labels.at(separator)),
-                     (QVariantList{ "", separatorStyle, left, 1, 1, false, 0, false }));
+        const auto labels = window.findChildren<QLabel *>();
+        const int upperPart = 3 * screen.height() / 8;
+        QCOMPARE(labels.at(0)->minimumHeight(), static_cast<int>(upperPart * 0.3));
+        QCOMPARE(labels.at(2)->minimumSize(),
+                 QSize(static_cast<int>(screen.width() * 0.94), static_cast<int>(upperPart * 0.7)));
+        for (const int text : { 0, 2 }) {
+            const QLabel *label = labels.at(text);
+            QVERIFY(label->hasScaledContents());
+            QCOMPARE(label->palette().color(QPalette::WindowText), QColor(Qt::white));
+        }
+        QCOMPARE(labels.at(0)->text(), QString("Velmora"));
+        QCOMPARE(labels.at(2)->text(), instructions);
     }
 
     void laysOutTheKeysOfTheCatalogue()
     {
-        KeyMainWindowProbe probe;
-        const auto *layout = qobject_cast<QVBoxLayout *>(probe.window.layout());
-        QVERIFY(layout && layout->count() == 5);
-        const int stretches[] = { 1, 0, 3, 0, 10 };
-        for (int i = 0; i < 5; ++i)
-            QCOMPARE(layout->stretch(i), stretches[i]);
-        const auto *grid = qobject_cast<QGridLayout *>(layout->itemAt(4)->layout());
-        QVERIFY(grid);
-
-        QCOMPARE(grid->itemAtPosition(3, 7)->widget()->styleSheet(), separatorStyle);
-        QLayout *controls = grid->itemAtPosition(4, 7)->layout();
-        QStringList rows = embeddedRows();
-        rows << "save"
-             << "0"
-             << ":/img/save.png"
-             << "clear"
-             << "0"
-             << ":/img/clear.png";
+        const RunningUnit unit;
+        const auto *grid = unit.window.layout()->itemAt(4)->layout();
+        const auto *keys = qobject_cast<const QGridLayout *>(grid);
+        QVERIFY(keys);
+        QLayout *controls = keys->itemAtPosition(4, 7)->layout();
+        const QStringList rows = embeddedRows()
+            + QStringList{ "save", "0", ":/img/save.png", "clear", "0", ":/img/clear.png" };
         const QSize size(150, 72);
         for (int i = 0; i < 24; ++i) {
             QLayoutItem *item =
-                i < 22 ? grid->itemAtPosition(i / 8, i % 8) : controls->itemAt(i - 22);
+                i < 22 ? keys->itemAtPosition(i / 8, i % 8) : controls->itemAt(i - 22);
             auto *button = qobject_cast<QPushButton *>(item->widget());
             const QString icon = rows.at(3 * i + 2);
-            QVERIFY(button && (i >= 22 || button == probe.button(rows.at(3 * i + 1).toInt())));
+            QVERIFY(button && (i >= 22 || button == unit.button(rows.at(3 * i + 1).toInt())));
             QVERIFY(QFile::exists(icon));
             QCOMPARE(imageOf(button->icon()), imageOf(QIcon(icon)));
             QVERIFY(button->minimumSize() == size && button->maximumSize() == size);
             QCOMPARE(button->iconSize(), size);
             QVERIFY(button->focusPolicy() == Qt::NoFocus && button->text().isEmpty());
         }
-        QCOMPARE(probe.state(), QString()); // every button is gray
+        QCOMPARE(unit.state(), QString()); // every button is gray
     }
 
     void showsLearnedKeysAndBacksThemUpOnce()
     {
-        KeyMainWindowProbe probe(downKey);
+        const RunningUnit unit(downKey);
         QCOMPARE(takeLog(), QString("154   \"3,7,8,9\"|[swc_print]154 is LEARNED.|"));
-        QCOMPARE(probe.state(),
+        QCOMPARE(unit.state(),
                  QString("154 QPushButton{background-color:green;border-radius:6px;"
                          "border:none;outline:none}; 154=3,7,8,9"));
         QCOMPARE(read(backupPath), downKey);
@@ -147,42 +127,36 @@ private slots:
         QTranslator chinese;
         QVERIFY(chinese.load("Velmora_zh_rCN.qm", CATALOGUES_FOLDER));
         QCoreApplication::installTranslator(&chinese);
-        KeyMainWindowProbe probe(downKey);
-        const QStringList steps{ "LEARNED.:154", "FAILED.:314 up", "REPEAT.:314 3,7,8,9",
-                                 "SUCCESS.:314 2,7,8,9 up", "NO LEARNING.:250 -250" };
-        QCOMPARE(lookOf(probe.window.findChildren<QLabel *>().at(2)).first().toString(),
-                 chinese.translate("KeyMainWindow", qPrintable(instructions)));
-        for (const QString &step : steps) {
-            probe.play(step.section(':', 1));
-            const QString text = step.section(':', 0, 0);
-            const QString translation = chinese.translate("KeyMainWindow", qPrintable(text));
-            QVERIFY2(!translation.isEmpty(), qPrintable(text));
-            QCOMPARE(takeNotices().join(' ').section(' ', 1), translation);
+        RunningUnit unit(downKey);
+        const auto inChinese = [&chinese](const QString &text) {
+            return chinese.translate("KeyMainWindow", qPrintable(text));
+        };
+        QCOMPARE(unit.window.findChildren<QLabel *>().at(2)->text(), inChinese(instructions));
+        for (const QString step : { "LEARNED.:154", "FAILED.:314 up", "REPEAT.:314 3,7,8,9",
+                                    "SUCCESS.:314 2,7,8,9 up", "NO LEARNING.:250 4000ms" }) {
+            unit.play(step.section(':', 1));
+            const QString text = inChinese(step.section(':', 0, 0));
+            QVERIFY2(!text.isEmpty() && unit.state().endsWith(' ' + text), qPrintable(step));
+            pass(3000);
         }
     }
 
-    void textsFitTheirPlaces_data()
-    {
-        QTest::addColumn<QString>("catalogue");
-        QTest::newRow("English") << "Velmora_en_gb.qm";
-        QTest::newRow("Chinese") << "Velmora_zh_rCN.qm";
-    }
     void textsFitTheirPlaces()
     {
-        QFETCH(QString, catalogue);
-        QTranslator translator;
-        QVERIFY(translator.load(catalogue, CATALOGUES_FOLDER));
-        QCoreApplication::installTranslator(&translator);
         QApplication::setFont(QFont("Droid Sans Fallback", 16));
-        const KeyMainWindowProbe probe;
-        QLabel *label = probe.window.findChildren<QLabel *>().at(2);
-        QVERIFY(fits(label, { 752, 125 }));
-        QVERIFY(fits(label, { 962, 157 }));
-        for (const char *notice :
-             { "SUCCESS.", "FAILED.", "REPEAT.", "NO LEARNING.", "LEARNED." }) {
-            AndroidToast toast(nullptr);
-            toast.setText(0, KeyMainWindow::tr(notice));
-            QVERIFY2(fits(toast.findChild<QLabel *>(), { 160, 80 }), notice);
+        for (const char *catalogue : { "Velmora_en_gb.qm", "Velmora_zh_rCN.qm" }) {
+            QTranslator translator;
+            QVERIFY(translator.load(catalogue, CATALOGUES_FOLDER));
+            QCoreApplication::installTranslator(&translator);
+            const RunningUnit unit;
+            QLabel *label = unit.window.findChildren<QLabel *>().at(2);
+            QVERIFY(fits(label, { 752, 125 }) && fits(label, { 962, 157 }));
+            for (const char *notice :
+                 { "SUCCESS.", "FAILED.", "REPEAT.", "NO LEARNING.", "LEARNED." }) {
+                AndroidToast toast(nullptr);
+                toast.setText(0, KeyMainWindow::tr(notice));
+                QVERIFY2(fits(toast.findChild<QLabel *>(), { 160, 80 }), notice);
+            }
         }
     }
 };

@@ -1,10 +1,7 @@
-#include "catalogue.h"
 #include "configuration.h"
 #include "reading.h"
 #include "records.h"
-#include "util.h"
 
-#include <QBuffer>
 #include <QJsonObject>
 
 #include <cstdlib>
@@ -39,9 +36,8 @@ QByteArray save(const QMap<int, QString> &keys)
 } // namespace
 
 // A sample that is learned on its own keeps its values and then collides with itself.
-void reading(QBuffer &file)
+void reading(const QByteArray &bytes)
 {
-    const QByteArray bytes = file.readAll();
     const QString text = QString::fromUtf8(bytes.constData());
     Reading result;
     if (parseReading(text, &result) != ReadingFault::None)
@@ -58,9 +54,9 @@ void reading(QBuffer &file)
 }
 
 // Saving keeps every key, with three values each, and a second save changes nothing.
-void configuration(QBuffer &file)
+void configuration(const QByteArray &bytes)
 {
-    QMap<int, QString> keys = load(file.readAll());
+    QMap<int, QString> keys = load(bytes);
     const QByteArray text = save(keys);
     for (QString &record : keys) {
         const RecordFields fields(record);
@@ -70,43 +66,8 @@ void configuration(QBuffer &file)
     require(save(keys) == text);
 }
 
-// Every row comes back from a file that has only the rows.
-void catalogue(QBuffer &file)
-{
-    file.setTextModeEnabled(false);
-    const Catalogue rows = readCatalogue(file);
-    require(rows.names.size() == rows.codes.size());
-    require(rows.names.size() == rows.iconPaths.size());
-
-    QByteArray text;
-    for (int i = 0; i < rows.names.size(); ++i) {
-        const QStringList fields{ rows.names.at(i), QString::number(rows.codes.at(i)),
-                                  rows.iconPaths.at(i) };
-        text += ' ' + fields.join(' ').toUtf8() + '\n';
-    }
-    QBuffer again(&text);
-    again.open(QIODevice::ReadOnly);
-    const Catalogue copy = readCatalogue(again);
-    require(copy.names == rows.names);
-    require(copy.codes == rows.codes);
-    require(copy.iconPaths == rows.iconPaths);
-}
-
-// The line that is found means the same where it stands alone.
-void settings(QBuffer &file)
-{
-    const QString line = languageLine(file.readAll());
-    const QString copy = languageLine(line.toUtf8());
-    require(copy.isEmpty() == line.isEmpty());
-    require(languageIndexOf(copy) == languageIndexOf(line));
-    languageIndexOf(QString::fromUtf8(file.data()));
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    QByteArray bytes(reinterpret_cast<const char *>(data), static_cast<int>(size));
-    QBuffer file(&bytes);
-    file.open(QIODevice::ReadOnly | QIODevice::Text);
-    FUZZ_TARGET(file);
+    FUZZ_TARGET(QByteArray(reinterpret_cast<const char *>(data), static_cast<int>(size)));
     return 0;
 }
