@@ -25,6 +25,8 @@ constexpr int longestSlice = 100; // of time that passes at once, in millisecond
 // Far beyond the real time, so that no wait of another thread until some time of it ever ends.
 qint64 milliseconds = 1000000000000;
 
+const bool withoutScreen = qputenv("QT_QPA_PLATFORM", "offscreen");
+
 QString logText;
 QtMessageHandler handlerBefore;
 
@@ -196,7 +198,7 @@ HeadUnit::~HeadUnit()
     QDir::setCurrent(folderBefore);
 }
 
-void KeyMainWindowProbe::receive(const QByteArray &text, Way way)
+void KeyMainWindowProbe::receive(const QByteArray &text) const
 {
     if (!writeReading(readingPath, text, way))
         qFatal("can't write the reading");

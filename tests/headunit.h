@@ -69,7 +69,7 @@ class KeyMainWindowProbe
 public:
     QPushButton *button(int code) const { return keys.key(code); }
 
-    static void receive(const QByteArray &text, Way way = Way::Truncate);
+    void receive(const QByteArray &text) const;
 
     // Steps: "314" taps that key, "2,1,2,3" measures, "up" is the release, "4000ms" pass,
     // "314=2,1,2,3" makes it a learned key, "clear" is answered by Yes.
@@ -86,6 +86,7 @@ public:
     const QMap<int, QString> &samples = window.mapSampleKeys;
     const QString &lastSample = window.strSampleKey;
     const QVector<int> &pending = window.clickAndValidKeys;
+    Way way = Way::Truncate; // in which the driver writes
 };
 
 struct RunningUnit : HeadUnit, KeyMainWindowProbe
