@@ -2,9 +2,6 @@
 #include "headunit.h"
 
 #include <QApplication>
-#include <QDir>
-#include <QFile>
-#include <QGridLayout>
 #include <QIcon>
 #include <QLabel>
 #include <QScreen>
@@ -21,13 +18,6 @@ class TestWindow : public QObject
 4. Finally, click the green tick key to save and exit.)";
     const QByteArray downKey = R"({"direction1":[{"direction_event":154,"adc":[7,8,9]}]})";
 
-    static QImage imageOf(const QIcon &icon) { return icon.pixmap(150, 72).toImage(); }
-
-    static QStringList embeddedRows()
-    {
-        return QString(read(":/img/btListInfo.txt")).section('\n', 2).simplified().split(' ');
-    }
-
     static bool fits(QLabel *label, const QSize &place)
     {
         label->ensurePolished(); // the style sheet has the size of the font
@@ -37,29 +27,22 @@ class TestWindow : public QObject
     }
 
 private slots:
-    void embedsTheKeysOfTheWheelAndTheImages()
+    void embedsTheKeysOfTheWheel()
     {
         const QByteArray text = read(":/img/btListInfo.txt");
         QVERIFY(text.size() == 905 && text.count('\n') == 24 && text.count("\r\n") == 24);
         QCOMPARE(
-            embeddedRows().join(' ').remove(".png").remove(":/img/"),
+            QString(text).section('\n', 2).simplified().remove(".png").remove(":/img/"),
             QString("home 314 home back 250 back power 148 pow mute 149 mute vol+ 166 vol+ "
                     "vol- 167 vol- prev 232 last next 233 next src 315 src enter 157 enter "
                     "bt 347 bt hangup 351 hangup ilink 325 ilink siri 344 siri music 302 music "
                     "radio 226 radio left 155 left right 156 right up 153 up down 154 down "
                     "ams 326 ams playpause 247 playpause"));
 
-        QList<QSize> sizes;
-        for (const QString &name : QDir(":/img").entryList({ "*.png" }, QDir::Files, QDir::Name))
-            sizes += QImage(":/img/" + name).size();
-        QCOMPARE(sizes.removeAll({ 136, 88 }), 25);
-        const QList<QSize> otherSizes{ { 100, 100 }, { 132, 74 }, { 100, 100 }, { 36, 37 } };
-        QCOMPARE(sizes, otherSizes); // fail, music, success and xin
-        QCOMPARE(QImage(":/img/prev.png"), QImage(":/img/left.png"));
     }
 
-    // What a picture of a screen of 800 x 480 or 1024 x 600 does not show.
-    void coversAnyScreenInBlack()
+    // What pictures of screens of 800 x 480 and 1024 x 600 do not show.
+    void fillsAnyScreen()
     {
         const RunningUnit unit;
         const QWidget &window = unit.window;
@@ -71,39 +54,22 @@ private slots:
             QCOMPARE(window.palette().brush(group, QPalette::Window), QBrush(QColor(0, 0, 0)));
 
         const auto labels = window.findChildren<QLabel *>();
-        const int upperPart = 3 * screen.height() / 8;
-        QCOMPARE(labels.at(0)->minimumHeight(), static_cast<int>(upperPart * 0.3));
-        QCOMPARE(labels.at(2)->minimumSize(),
-                 QSize(static_cast<int>(screen.width() * 0.94), static_cast<int>(upperPart * 0.7)));
-        for (const int text : { 0, 2 }) {
-            const QLabel *label = labels.at(text);
-            QVERIFY(label->hasScaledContents());
-            QCOMPARE(label->palette().color(QPalette::WindowText), QColor(Qt::white));
-        }
-        QCOMPARE(labels.at(0)->text(), QString("Velmora"));
-        QCOMPARE(labels.at(2)->text(), instructions);
-    }
+        const double upperPart = 3 * screen.height() / 8;
+        const QSize place(static_cast<int>(screen.width() * 0.94),
+                          static_cast<int>(upperPart * 0.7));
+        QVERIFY(labels.at(2)->minimumSize() == place && labels.at(2)->maximumSize() == place);
+        QCOMPARE(labels.at(0)->maximumHeight(), static_cast<int>(upperPart * 0.3));
+        QCOMPARE(labels.at(0)->text() + labels.at(2)->text(), "Velmora" + instructions);
+        for (const QLabel *label : { labels.at(0), labels.at(2) })
+            QVERIFY(label->hasScaledContents()
+                    && label->palette().color(QPalette::WindowText) == Qt::white);
 
-    void laysOutTheKeysOfTheCatalogue()
-    {
-        const RunningUnit unit;
-        const auto *grid = unit.window.layout()->itemAt(4)->layout();
-        const auto *keys = qobject_cast<const QGridLayout *>(grid);
-        QVERIFY(keys);
-        QLayout *controls = keys->itemAtPosition(4, 7)->layout();
-        const QStringList rows = embeddedRows()
-            + QStringList{ "save", "0", ":/img/save.png", "clear", "0", ":/img/clear.png" };
         const QSize size(150, 72);
-        for (int i = 0; i < 24; ++i) {
-            QLayoutItem *item =
-                i < 22 ? keys->itemAtPosition(i / 8, i % 8) : controls->itemAt(i - 22);
-            auto *button = qobject_cast<QPushButton *>(item->widget());
-            const QString icon = rows.at(3 * i + 2);
-            QVERIFY(button && (i >= 22 || button == unit.button(rows.at(3 * i + 1).toInt())));
-            QVERIFY(QFile::exists(icon));
-            QCOMPARE(imageOf(button->icon()), imageOf(QIcon(icon)));
+        const auto buttons = window.findChildren<QPushButton *>();
+        QCOMPARE(buttons.size(), 24);
+        for (const QPushButton *button : buttons) {
             QVERIFY(button->minimumSize() == size && button->maximumSize() == size);
-            QCOMPARE(button->iconSize(), size);
+            QVERIFY(button->iconSize() == size && !button->icon().isNull());
             QVERIFY(button->focusPolicy() == Qt::NoFocus && button->text().isEmpty());
         }
         QCOMPARE(unit.state(), QString()); // every button is gray
