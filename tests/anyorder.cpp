@@ -59,7 +59,8 @@ private:
     void require(bool holds, const QString &what)
     {
         if (!holds && fault.isEmpty())
-            fault = (steps.mid(qMax(0, steps.size() - shownSteps)) << "Broken: " + what).join("\n");
+            fault = QStringList(steps.mid(qMax(0, steps.size() - shownSteps))).join('\n')
+                + "\nBroken: " + what;
     }
 
     void play(const QString &step)

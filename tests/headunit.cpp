@@ -150,6 +150,7 @@ void answer(const QString &text)
 
 int exitCodeOf(const std::function<void()> &action)
 {
+    QGuiApplication::setQuitOnLastWindowClosed(false); // the window itself is not shown
     std::unique_ptr<Later> giveUp;
     const Later start([&] {
         action();

@@ -109,8 +109,6 @@ class TestFiles : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QGuiApplication::setQuitOnLastWindowClosed(false); }
-
     void init()
     {
         mostBytesOfRead = SSIZE_MAX;
