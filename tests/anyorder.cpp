@@ -145,7 +145,7 @@ private:
         require(read(flagPath) == "0", "the driver is told that the program has ended");
         pass(timeOut);
         require(QApplication::topLevelWidgets().isEmpty(), "notices end");
-        probe.reset(new KeyMainWindowProbe);
+        probe = std::make_unique<KeyMainWindowProbe>();
         require(!saves || probe->learned == known, "the next start has what was saved");
         known = probe->learned;
         given.clear();

@@ -60,6 +60,7 @@ private:
 } // namespace
 
 // Takes the place of the C library's: Qt's timers and animations read this clock.
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): reserved there
 extern "C" int clock_gettime(clockid_t clock, timespec *time) noexcept
 {
     if (clock != CLOCK_MONOTONIC)
@@ -211,6 +212,8 @@ void KeyMainWindowProbe::play(const QString &steps)
     for (const QString &step : steps.split(' ', QString::SkipEmptyParts)) {
         if (step == "clear")
             exitCodeOfClear(clear, [] { answer("Yes"); });
+        else if (step == "save")
+            exitCodeOf([this] { tap(save); });
         else if (step == "up")
             receive(readingText("2,4095,4095,4095"));
         else if (step.contains('='))

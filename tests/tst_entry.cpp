@@ -6,6 +6,8 @@
 #include <QFont>
 #include <QRegularExpression>
 
+#include <sys/stat.h>
+
 int startVelmora(int argc, char **argv); // main()
 
 namespace {
@@ -36,7 +38,7 @@ English: 0 => idx:0|+ load true|+ path "./en_gb"  install true|
 Chinese: 1 => idx:1|+ load true|+ path "./zh_rCN"  install true|
 a language without a catalogue: 2 => idx:2|+ load true|+ path "./en_gb"  install true|
 a damaged catalogue: 0 damaged => idx:0|+ load false|+ path "./en_gb"  install false|
-a folder: 0 folder => idx:0|+ load false|+ path "./en_gb"  install false|
+a FIFO: 0 fifo => idx:0|+ load false|+ path "./en_gb"  install false|
 no catalogue: 1 missing => idx:1|+ no exist.|)");
     }
     void logsWhatItStartsWith()
@@ -46,7 +48,9 @@ no catalogue: 1 missing => idx:1|+ no exist.|)");
         const HeadUnit unit;
         const QString languages = "application/languages/Velmora_";
         write(settingsPath, "SystemLanguageId=" + input.left(1).toLatin1());
-        QDir().mkpath(input.endsWith("folder") ? languages + "en_gb.qm" : "application/languages");
+        QDir().mkpath("application/languages");
+        if (input.endsWith("fifo"))
+            QCOMPARE(mkfifo(qPrintable(languages + "en_gb.qm"), 0666), 0);
         if (input.endsWith("damaged"))
             write(languages + "en_gb.qm", "damaged");
         for (const QString name : { "en_gb.qm", "zh_rCN.qm" }) {
@@ -60,7 +64,7 @@ no catalogue: 1 missing => idx:1|+ no exist.|)");
         QVERIFY(font.family() == "Droid Sans Fallback" && font.pointSize() == 16);
 
         QString log = takeLog().replace("[swc_print]", "+").remove(languages).remove(".qm");
-        const auto fonts = QRegularExpression("list \\((.*)\\) size (\\d+)\\|").match(log);
+        const auto fonts = QRegularExpression(R"(list \((.*)\) size (\d+)\|)").match(log);
         QCOMPARE(fonts.captured(1).count("\", \"") + 1, fonts.captured(2).toInt());
         QCOMPARE(log.remove(fonts.captured()),
                  "[virtual_print][getLanguageIdx]language " + expected

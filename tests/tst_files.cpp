@@ -95,6 +95,7 @@ QString outcomeOf(const QByteArray &path, const QString &kind)
 } // namespace
 
 // Takes the place of the C library's.
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): reserved there
 extern "C" ssize_t pread(int file, void *content, size_t size, off_t offset)
 {
     if (beforeRead && !beforeRead(++reads))

@@ -48,6 +48,8 @@ selected: 314 =>
 selected with samples left behind: 314 2,1,2,3 4000ms 314 =>
 before the first tap: 2,1,2,3 =>
 another key line: 314 4,1,2,3 =>
+after clear: 314 clear 2,1,2,3 =>
+after save: 314 save 2,1,2,3 =>
 the first sample: 314 2,1,2,3 => +[onFileChange LINE] validKey:314 clickAndValidKeys.size():1|+[isChuanKey][mapSwcKeys' size is empty]|+[func:insertSampleKeys][key:0, value(314,2,1,2,3)][size:1]|
 the same again: 250=3,1,2,3 314 2,1,2,3 2,1,2,3 => +[onFileChange LINE] validKey:314 clickAndValidKeys.size():1|+[ChongFuKeys...]|
 learned: 314 2,1,2,3 up => +[onFileChange LINE] validKey:314 clickAndValidKeys.size():1|+[line:LINE][Velmora 314 is success!] GREEN...|+[func:initSampleKeys][mapSampleKeys' size:0]|+[onFileChange LINE] remove:314|

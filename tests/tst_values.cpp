@@ -128,6 +128,7 @@ catalogue, fewer fields, no number, the same row again: a 1\r\n\r\n   \r\nb 0x5 
 catalogue, a NUL byte ends the line: a 1 b@c d\ne 2 f\n => a 1 b|e 2 f
 language, Chinese: Volume=5\nSystemLanguageId=1\n => 1 logged
 language, blanks and line ends: \t SystemLanguageId  =  2 \r\nSystemLanguageId=1\r\n => 2 logged
+language, carriage returns are dropped: System\rLanguageId=\r1 => 1 logged
 language, no number: SystemLanguageId=Chinese => 0 logged
 language, no sign: SystemLanguageId 1\nSystemLanguageId=1 => 0 logged
 language, two signs: SystemLanguageId=1=2 => 1 logged

@@ -38,7 +38,6 @@ private slots:
                     "bt 347 bt hangup 351 hangup ilink 325 ilink siri 344 siri music 302 music "
                     "radio 226 radio left 155 left right 156 right up 153 up down 154 down "
                     "ams 326 ams playpause 247 playpause"));
-
     }
 
     // What pictures of screens of 800 x 480 and 1024 x 600 do not show.
@@ -54,7 +53,7 @@ private slots:
             QCOMPARE(window.palette().brush(group, QPalette::Window), QBrush(QColor(0, 0, 0)));
 
         const auto labels = window.findChildren<QLabel *>();
-        const double upperPart = 3 * screen.height() / 8;
+        const int upperPart = 3 * screen.height() / 8;
         const QSize place(static_cast<int>(screen.width() * 0.94),
                           static_cast<int>(upperPart * 0.7));
         QVERIFY(labels.at(2)->minimumSize() == place && labels.at(2)->maximumSize() == place);
