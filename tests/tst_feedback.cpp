@@ -74,20 +74,22 @@ private slots:
         const auto *label = question.findChild<QLabel *>();
         QVERIFY(!label->wordWrap() && label->alignment() == Qt::AlignCenter);
         QCOMPARE(label->text(), text);
-        QList<QRect> places;
-        QStringList styles{ question.styleSheet() };
+        QString looks = question.styleSheet();
         for (const QWidget *child : question.findChildren<QWidget *>()) {
-            places += child->geometry();
-            styles += child->styleSheet();
+            const QRect place = child->geometry();
+            looks += QString("\n%1 %2 %3 %4 ")
+                         .arg(place.x())
+                         .arg(place.y())
+                         .arg(place.width())
+                         .arg(place.height())
+                + child->styleSheet();
         }
-        QCOMPARE(places,
-                 (QList<QRect>{ { 12, 6, 216, 100 }, { 12, 116, 96, 38 }, { 132, 116, 96, 38 } }));
         const QString button = "QPushButton{background-color:rgb(80,80,80);color:white;"
                                "border-radius:2px;border:none;outline:none}";
-        QCOMPARE(styles,
-                 (QStringList{
-                     "background-color:rgb(40,40,40);border-radius:12px!important;outline:none",
-                     "font-size:24px;color:white;font:normal", button, button }));
+        QCOMPARE(looks,
+                 "background-color:rgb(40,40,40);border-radius:12px!important;outline:none\n"
+                 "12 6 216 100 font-size:24px;color:white;font:normal\n12 116 96 38 "
+                     + button + "\n132 116 96 38 " + button);
     }
 };
 
