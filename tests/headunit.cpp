@@ -194,7 +194,7 @@ HeadUnit::HeadUnit(const QByteArray &configuration)
 
 HeadUnit::~HeadUnit()
 {
-    if (qApp)
+    if (QCoreApplication::instance())
         pass(3000); // the last notice goes
     qInstallMessageHandler(handlerBefore);
     QDir::setCurrent(folderBefore);
