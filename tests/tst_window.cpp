@@ -2,6 +2,7 @@
 #include "headunit.h"
 
 #include <QApplication>
+#include <QBoxLayout>
 #include <QIcon>
 #include <QLabel>
 #include <QScreen>
@@ -51,6 +52,11 @@ private slots:
         QCOMPARE(window.windowFlags() & flags, Qt::Window | Qt::WindowStaysOnTopHint);
         for (auto group : { QPalette::Active, QPalette::Inactive, QPalette::Disabled })
             QCOMPARE(window.palette().brush(group, QPalette::Window), QBrush(QColor(0, 0, 0)));
+
+        const auto *layout = qobject_cast<QBoxLayout *>(window.layout());
+        const int stretches[] = { 1, 0, 3, 0, 10 };
+        for (int i = 0; i < 5; ++i)
+            QCOMPARE(layout->stretch(i), stretches[i]);
 
         const auto labels = window.findChildren<QLabel *>();
         const int upperPart = 3 * screen.height() / 8;
