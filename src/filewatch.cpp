@@ -11,8 +11,7 @@ void FileWatch::watch(const QString &path)
     addPath(path);
 }
 
-// A new watch costs as much as half a sample and wakes the program once more, so the same file is
-// not watched again.
+// A new watch wakes the program once more, so the same file is not watched again.
 bool FileWatch::follow(const QString &path, quint64 inode)
 {
     if (inode != 0 && inode == watchedInode && files().contains(path))

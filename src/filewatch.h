@@ -11,10 +11,9 @@ public:
 
     void watch(const QString &path);
 
-    // Where a new file was renamed over the old one, the watch stays with the old one, and goes
-    // when nobody holds that any more. `inode` is that of the file that has the name now, 0 if
-    // unknown. True if it was not watched; it is from now on, and changes until now brought no
-    // signal.
+    // True if the file that has the name now, with this inode (0 if unknown), was not watched: its
+    // changes brought no signal until now, and do from now on. A watch stays with the old file
+    // where a new one is renamed over it, and goes when nobody holds the old one any more.
     bool follow(const QString &path, quint64 inode);
 
 private:

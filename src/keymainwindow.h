@@ -9,6 +9,7 @@
 
 struct Catalogue;
 struct Reading;
+class CustomMsgBox;
 class QFileSystemWatcher;
 class QGridLayout;
 class QHBoxLayout;
@@ -91,6 +92,7 @@ private:
 
     void selectKey(int code);
     void askToClear();
+    int answerTo(CustomMsgBox *question);
     void clearKeys();
     void showNotice(int level, const QString &text);
 
@@ -99,7 +101,7 @@ private:
     void handleRelease();
     void rejectReading();
     void dropSamplesOfOtherKeys();
-    void dropSamples();
+    void dropSamples(); // without a line in the log
 
     static const char *timeOutSlotOf(int code);
     bool removePending(int code);

@@ -12,6 +12,7 @@
 #include <QFile>
 #include <QHash>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QTimer>
 
 // A timer reaches a slot by its name and passes no argument, so each key has a slot of its own.
@@ -82,12 +83,12 @@ void KeyMainWindow::selectKey(int code)
         QTimer::singleShot(Timings::selection, this, slot);
 }
 
-// exec() also returns where the program is ending, after a tap on save just before this one. The
-// question is still open then, and nobody has answered it.
 void KeyMainWindow::askToClear()
 {
     CustomMsgBox question(this, "Delete data?");
-    const int answer = question.exec();
+    const int answer = answerTo(&question);
+    // exec() also returns where the program is ending, after a tap on save just before this one.
+    // The question is still open then, and nobody has answered it.
     const bool answered = !question.isVisible();
     if (answered && answer == QDialog::Accepted) {
         clearKeys();
@@ -99,6 +100,15 @@ void KeyMainWindow::askToClear()
         QCoreApplication::exit(0);
     }
     question.close();
+}
+
+// A slow unit queues taps: one right behind the answer is handled before exec() returns, and save
+// would write what the answer is about to delete.
+int KeyMainWindow::answerTo(CustomMsgBox *question)
+{
+    const QSignalBlocker noSave(btnSave);
+    const QSignalBlocker noClear(btnClear);
+    return question->exec();
 }
 
 void KeyMainWindow::clearKeys()
@@ -122,9 +132,9 @@ const char *KeyMainWindow::timeOutSlotOf(int code)
 #define TABLE_ROW(code, Name) { code, SLOT(recorrect##Name##BtnStatus()) },
     static const QHash<int, const char *> slotsByCode{ TIME_OUT_SLOTS(TABLE_ROW) };
 #undef TABLE_ROW
-#undef TIME_OUT_SLOTS
     return slotsByCode.value(code);
 }
+#undef TIME_OUT_SLOTS
 
 void KeyMainWindow::recorrectBtnStatus(int code)
 {

@@ -4,7 +4,7 @@
 
 #include <QApplication>
 #include <QDebug>
-#include <QFileInfo>
+#include <QFile>
 #include <QFont>
 #include <QFontDatabase>
 #include <QString>
@@ -32,7 +32,7 @@ void openStandardFiles()
 
 void installTranslation(QApplication *application, const QString &path)
 {
-    const QFileInfo file(path);
+    const QFile file(path);
     if (!file.exists()) {
         qDebug() << "[swc_print] no exist.";
         return;
@@ -40,10 +40,10 @@ void installTranslation(QApplication *application, const QString &path)
     // A null text would stand for Qt's default suffix and delimiters, an empty one is none.
     const QString none("");
     auto *translator = new QTranslator(application);
-    const bool loaded = translator->load(file.isFile() ? path : none, none, none, none);
+    const bool loaded = translator->load(path, none, none, none);
     qDebug() << "[swc_print] load" << loaded;
     const bool installed = QCoreApplication::installTranslator(translator);
-    qDebug() << "[swc_print] path" << file.filePath() << " install" << installed;
+    qDebug() << "[swc_print] path" << file.fileName() << " install" << installed;
 }
 
 } // namespace

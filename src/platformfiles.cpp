@@ -13,7 +13,7 @@ namespace {
 
 constexpr int maxReads = 5;
 
-// A file that is opened for as long as the object lives. Opening never waits, as it would for the
+// A file that is open for as long as the object lives. Opening never waits, as it would for the
 // other end of a FIFO.
 class OpenFile
 {
@@ -36,23 +36,22 @@ public:
     quint64 inode() const { return statusKnown ? status.st_ino : 0; }
     qint64 size() const { return statusKnown ? status.st_size : -1; }
 
-    // A file whose status does not fit the unit's types is used as it is.
+    // A status with times past 2038 does not fit a 32-bit unit's types; such a file is used as it
+    // is.
     bool isUsable() const { return file >= 0 && (!statusKnown || S_ISREG(status.st_mode)); }
 
 private:
     int file;
     bool statusKnown;
-    struct stat status
-    {
-    };
+    struct stat status;
 };
 
 // Not QFile's readAll(): it asks for the size first, and cuts off a text that has grown since. A
 // read may be short anywhere: only one that brings nothing, or the last of the file's size, ends
-// it. Empty where a read fails. A file of more bytes than `mostBytes` is read a little further.
+// it. Null where a read fails. A file of more bytes than `mostBytes` is read a little further.
 QByteArray contentOf(const OpenFile &file, int mostBytes)
 {
-    QByteArray content;
+    QByteArray content("");
     char part[16384];
     do {
         const ssize_t size =
@@ -76,8 +75,10 @@ bool holdsCopy(const QString &from, const QString &to)
 {
     const OpenFile original(from, O_RDONLY);
     const OpenFile copy(to, O_RDONLY);
-    return original.isUsable() && copy.isUsable()
-        && contentOf(original, largestFile) == contentOf(copy, largestFile);
+    if (!original.isUsable() || !copy.isUsable() || QFileInfo(to).isSymLink())
+        return false;
+    const QByteArray content = contentOf(original, largestFile);
+    return !content.isNull() && content == contentOf(copy, largestFile);
 }
 
 } // namespace
@@ -105,7 +106,10 @@ QByteArray readFile(const QString &path, quint64 *inode)
 QByteArray readStart(const QString &path, int size)
 {
     const OpenFile file(path, O_RDONLY);
-    return file.isUsable() ? contentOf(file, size).left(size).replace('\r', "") : QByteArray();
+    QByteArray content = file.isUsable() ? contentOf(file, size) : QByteArray();
+    if (content.size() > size)
+        content.truncate(content.lastIndexOf('\n', size - 1) + 1);
+    return content.replace('\r', "");
 }
 
 quint64 inodeOf(const QString &path)
@@ -114,7 +118,7 @@ quint64 inodeOf(const QString &path)
     return stat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_ino : 0;
 }
 
-// Emptied only when all is ready for the one write, so that the time without content is short.
+// Emptied only when all bytes are ready, so that the time without content is short.
 void writeFile(const QString &path, const QByteArray &content)
 {
     const OpenFile file(path, O_WRONLY | O_CREAT);

@@ -3,18 +3,18 @@
 #include <QByteArray>
 #include <QString>
 
-// Reading, writing and copying the platform's files. Nothing here waits for a partner: what is no
-// regular file reads as empty and is not written. Failures are not reported, since the callers go
-// on whatever happens.
+// Reading, writing and copying the platform's files. None of it blocks: what is no regular file
+// reads as empty, and is neither written nor copied. Failures are not reported, since the callers
+// go on whatever happens.
 
 constexpr int largestFile = 128 << 20; // in bytes; far more than the platform's files have
 
-// The whole file without its carriage returns. Empty where it can't be read, has more than 128 MB,
-// or still changes after it was read a few times: whoever changes it is not done. `inode` tells the
-// file from one renamed over it; 0 where that is not known.
+// The whole file without its carriage returns. Empty where it can't be read, has more than
+// `largestFile` bytes, or still changes after it was read a few times: whoever changes it is not
+// done. `inode` tells the file from one renamed over it; 0 where that is not known.
 QByteArray readFile(const QString &path, quint64 *inode = nullptr);
 
-// The same of no more than the first `size` bytes, read once.
+// The whole lines within the first `size` bytes, likewise but read only once.
 QByteArray readStart(const QString &path, int size);
 
 // 0 where it is not known.

@@ -305,6 +305,21 @@ carriage returns are dropped: {"direc\rtion1":[{"direction_event":5,"adc":[1\r2]
         QCOMPARE(read(configurationPath), saved);
     }
 
+    void savesNothingWhereSaveWaitsBehindTheAnswer()
+    {
+        for (const QString reply : { "Yes", "No" }) {
+            RunningUnit unit(homeAndBack);
+            unit.play("149=3,4,5,6");
+            const int code = exitCodeOfClear(unit.clear, [&] {
+                answer(reply);
+                tap(unit.save);
+            });
+            QCOMPARE(code, reply == "No" ? 0 : stillRunning);
+            QCOMPARE(unit.learned.isEmpty(), reply == "Yes");
+            QCOMPARE(read(configurationPath), homeAndBack);
+        }
+    }
+
     void createsNoneOfTheDriversFiles()
     {
         const HeadUnit unit;
