@@ -77,10 +77,12 @@ package
 check_packages
 mkdir -p "$root"
 mount -t tmpfs tmpfs "$root" # nothing is left to delete, and so no mount is ever deleted into
-mkdir -p "$root/tmp"
+mkdir -p "$root"/{tmp,run}
 install_package
 prepare_platform "$root"
+cp "$root/usr/lib/systemd/system/velmora.service" "$root/tmp" # the machine's /usr hides it
 bind_machine
+chroot "$root" systemd-analyze verify /tmp/velmora.service
 log=$build/log.txt
 chroot "$root" env -C /tmp QT_QPA_PLATFORM=offscreen "${emulator[@]}" /application/bin/velmora >"$log" 2>&1 &
 program=$!
