@@ -90,7 +90,7 @@ boot_again() {
     pull_the_plug
 }
 
-# The unit is plugged in again with every second of the old files and of the new ones.
+# The unit is plugged in again with every third of the old files and of the new ones.
 pull_during_save() {
     local number left
     declare -A seen=([old]=0 [new]=0)
@@ -98,7 +98,7 @@ pull_during_save() {
     save_uncut
     for ((number = 1; number <= cuts; number++)); do
         cut_power $((number * 6))
-        [ $((seen[$left]++ % 2)) != 0 ] || boot_again
+        [ $((seen[$left]++ % 3)) != 0 ] || boot_again
     done
     echo "The plug was pulled $cuts times during a save: ${seen[old]} left the old file, ${seen[new]} the new one"
     expect "some cuts come before the save, some after" [ $((seen[old] * seen[new])) -gt 0 ]
