@@ -68,8 +68,9 @@ QString readRegularFile(const QString &path, QByteArray *content)
 
 Driver::Driver(Wheel wheel, const QString &root, int rate, quint32 seed)
     : wheel(std::move(wheel)),
-      folder(QDir(root).filePath("media/flash/nvm/")),
+      root(root),
       period(1000 / rate),
+      folder(QDir(root).filePath("media/flash/nvm/")),
       chance(seed)
 {
 }

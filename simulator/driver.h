@@ -40,13 +40,14 @@ public:
     QString fault() const { return fileFault; } // of any reading so far
 
     const Wheel wheel;
-    const QString folder;
+    const QString root;
     const int period; // ms
     Way way = Way::Truncate;
 
 private:
     void write(const Measurement &measurement);
 
+    const QString folder;
     Chance chance;
     const WheelKey *heldKey = nullptr;
     double drift = 0; // of the press

@@ -99,6 +99,5 @@ int main(int argc, char **argv)
 
     application.reset(); // a script needs no display, and there can be only one
     application = std::make_unique<QApplication>(argc, argv);
-    return showWheel(&driver, headUnitOf(parser), parser.positionalArguments(),
-                     parser.value("root"));
+    return showWheel(&driver, headUnitOf(parser), parser.positionalArguments());
 }

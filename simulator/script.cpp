@@ -38,22 +38,17 @@ const QPair<const char *, const char *> commands[] = {
 void wait(Driver *driver, int duration)
 {
     QElapsedTimer elapsed;
-    elapsed.start();
-    while (elapsed.elapsed() < duration) {
+    for (elapsed.start(); elapsed.elapsed() < duration; driver->writeNext())
         QThread::msleep(static_cast<unsigned long>(driver->period));
-        driver->writeNext();
-    }
 }
 
 QString expectFlag(Driver *driver, const QString &flag, const QString &limit)
 {
     QElapsedTimer elapsed;
-    elapsed.start();
-    while (driver->flag() != flag.toUtf8()) {
+    for (elapsed.start(); driver->flag() != flag.toUtf8(); wait(driver, driver->period)) {
         if (elapsed.elapsed() >= milliseconds(limit))
             return QString(R"(the flag is "%1" after %2, not "%3")")
-                .arg(QString::fromUtf8(driver->flag()), limit, flag);
-        wait(driver, driver->period);
+                .arg(QString(driver->flag()), limit, flag);
     }
     return QString();
 }
@@ -80,20 +75,21 @@ QString expectDecoded(Driver *driver, const QStringList &words, QTextStream *out
 QString run(const QStringList &words, Driver *driver, QTextStream *output)
 {
     const QString &name = words.first();
+    const bool press = name == "press";
     if (name == "flag")
         return expectFlag(driver, words.at(1), words.value(2, "5s"));
     if (name == "decode")
         return expectDecoded(driver, words, output);
-    if (name == "press" || name == "hold")
-        driver->hold(*driver->wheel.find(words.at(1)));
-    if (name == "press" || name == "wait")
-        wait(driver, milliseconds(name == "wait" ? words.at(1) : words.value(2, "400ms")));
-    if (name == "press" || name == "release")
-        driver->release();
-    if (name == "press")
-        wait(driver, driver->period); // the release stays as long as any reading
     if (name == "write")
         driver->way = static_cast<Way>(wayNames().indexOf(words.at(1)));
+    if (name == "hold" || press)
+        driver->hold(*driver->wheel.find(words.at(1)));
+    if (name == "wait" || press)
+        wait(driver, milliseconds(press ? words.value(2, "400ms") : words.at(1)));
+    if (name == "release" || press)
+        driver->release();
+    if (press)
+        wait(driver, driver->period); // the release stays as long as any reading
     return QString();
 }
 
@@ -137,14 +133,13 @@ QString execute(const QString &line, Driver *driver, QTextStream *output)
     return QString(R"(there is no command "%1")").arg(words.first());
 }
 
-// A held key goes on writing while the next line is not there yet.
-bool readLine(QFile *file, Driver *driver, QString *line)
+// A held key goes on writing while the next line is not there yet. Empty at the end.
+QString readLine(QFile *file, Driver *driver)
 {
     pollfd input = { file->handle(), POLLIN, 0 };
     while (poll(&input, 1, driver->period) == 0)
         driver->writeNext();
-    *line = QString::fromUtf8(file->readLine(longestLine));
-    return !line->isEmpty();
+    return QString::fromUtf8(file->readLine(longestLine));
 }
 
 } // namespace
@@ -161,11 +156,12 @@ int runScript(const QString &name, Driver *driver, QTextStream *output, QTextStr
 {
     QFile file(name);
     const QIODevice::OpenMode mode = QIODevice::ReadOnly | QIODevice::Unbuffered;
-    QString fault;
-    if (!(name == "-" ? file.open(STDIN_FILENO, mode) : file.open(mode)))
-        fault = file.errorString();
-    QString line;
-    for (int number = 1; fault.isEmpty() && readLine(&file, driver, &line); ++number) {
+    const bool open = name == "-" ? file.open(STDIN_FILENO, mode) : file.open(mode);
+    QString fault = open ? QString() : file.errorString();
+    for (int number = 1; fault.isEmpty(); ++number) {
+        const QString line = readLine(&file, driver);
+        if (line.isEmpty())
+            break;
         fault = execute(line, driver, output);
         if (fault.isEmpty())
             *output << "ok" << endl;

@@ -14,7 +14,6 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QPair>
 #include <QPen>
 #include <QPoint>
@@ -38,7 +37,6 @@ constexpr int padWidth = 43;
 constexpr int padHeight = 34;
 constexpr int padRows = 4;
 const QPoint centre(240, 240);
-const QRect hub(182, 186, 116, 116);
 const QRect display(124, 72, 232, 88);
 
 const QColor white(0xe8, 0xec, 0xf2);
@@ -55,63 +53,52 @@ const QMap<QByteArray, QPair<QString, QColor>> flagTexts = {
     { "11", { "KEYS CLEARED", yellow } },
 };
 
-// Words stay whole; the text shrinks to fit.
-void write(QPainter *painter, const QRect &rect, const QColor &colour, int pixels,
-           const QString &text)
+// The words of a box stay whole; they shrink to fit.
+void drawBox(QPainter *painter, const QRect &box, const QColor &face, const QColor &colour,
+             int pixels, const QString &text)
 {
     constexpr int flags = Qt::AlignCenter | Qt::TextWordWrap;
+    const QRect room = box.adjusted(3, 3, -3, -3);
     QFont font;
     font.setBold(true);
     do {
         font.setPixelSize(pixels);
         painter->setFont(font);
-    } while (!rect.contains(painter->boundingRect(rect, flags, text)) && --pixels > 1);
-    painter->setPen(colour);
-    painter->drawText(rect, flags, text);
-}
-
-void drawBox(QPainter *painter, const QRect &rect, int radius, const QColor &edge,
-             const QColor &face)
-{
-    painter->setPen(QPen(edge, 2));
+    } while (!room.contains(painter->boundingRect(room, flags, text)) && --pixels > 1);
+    painter->setPen(QPen(gray, 2));
     painter->setBrush(face);
-    painter->drawRoundedRect(rect, radius, radius);
+    painter->drawRoundedRect(box, 6, 6);
+    painter->setPen(colour);
+    painter->drawText(room, flags, text);
 }
 
-// Two broad spokes that carry the pads and one that goes down, in a rim of leather.
-void paintWheel(QPainter *painter)
+// Two broad spokes that carry the pads and one that goes down, in a rim.
+void drawWheel(QPainter *painter)
 {
-    QPainterPath spokes;
-    spokes.setFillRule(Qt::WindingFill);
-    spokes.addRoundedRect(QRect(28, 166, 424, 154), 24, 24);
-    spokes.addEllipse(centre, 96, 88);
-    spokes.addPolygon(QPolygon({ { 196, 300 }, { 284, 300 }, { 268, 450 }, { 212, 450 } }));
-    painter->fillPath(spokes, gray.darker(130));
-
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(gray.darker(130));
+    painter->drawRoundedRect(28, 166, 424, 154, 24, 24);
+    painter->drawEllipse(centre, 96, 88);
+    painter->drawPolygon(QPolygon({ { 196, 300 }, { 284, 300 }, { 268, 450 }, { 212, 450 } }));
     painter->setBrush(Qt::NoBrush);
     painter->setPen(QPen(gray.darker(140), 24));
     painter->drawEllipse(centre, 218, 218);
-    painter->setPen(QPen(gray.lighter(160), 1, Qt::DashLine));
-    painter->drawEllipse(centre, 210, 210);
-    drawBox(painter, hub, hub.width() / 2, gray, dark);
-    write(painter, hub, gray, 20, "SWC");
 }
 
 class WheelWindow : public QWidget
 {
 public:
     // The keys of line 2 are on the left, column by column from the hub to the rim.
-    WheelWindow(Driver *driver, const QSize &headUnit, QStringList command, QString root)
-        : driver(driver), headUnit(headUnit), command(std::move(command)), root(std::move(root))
+    WheelWindow(Driver *driver, const QSize &headUnit, QStringList command)
+        : driver(driver), headUnit(headUnit), command(std::move(command))
     {
         int placed[] = { 0, 0 };
         for (const WheelKey &key : driver->wheel.keys) {
             const bool left = key.contact[0] == 2;
             const int place = placed[left]++;
             const int distance = 64 + place / padRows * padWidth; // from the centre
-            pads.append(QRect(centre.x() + (left ? -distance - padWidth : distance),
-                              176 + place % padRows * padHeight, padWidth, padHeight)
-                            .adjusted(2, 2, -2, -2));
+            pads.append(QRect(centre.x() + (left ? -distance - padWidth : distance) + 2,
+                              178 + place % padRows * padHeight, padWidth - 4, padHeight - 4));
         }
         setWindowTitle("Steering wheel");
         setFixedSize(wheelSide, wheelSide);
@@ -164,17 +151,25 @@ protected:
         painter.setRenderHint(QPainter::Antialiasing);
         painter.fillRect(rect(), dark);
         painter.scale(qreal(width()) / wheelSide, qreal(width()) / wheelSide);
-        paintWheel(&painter);
-        paintDriver(&painter);
-        for (int i = 0; i < pads.size(); ++i)
-            paintPad(&painter, pads.at(i), driver->wheel.keys.at(i));
+        drawWheel(&painter);
+        drawDriver(&painter);
+        for (int i = 0; i < pads.size(); ++i) {
+            const WheelKey &key = driver->wheel.keys.at(i);
+            const bool held = &key == driver->held();
+            const bool lit = key.name == driver->function();
+            drawBox(&painter, pads.at(i),
+                    lit        ? green
+                        : held ? blue
+                               : gray.darker(),
+                    held ? dark : white, 10, key.label);
+        }
     }
 
 private:
     void start()
     {
         outcome.clear();
-        startProgram(command, root, &program);
+        startProgram(command, driver->root, &program);
     }
 
     // The window's manager gives it its frame some time after it is shown.
@@ -191,7 +186,7 @@ private:
     }
 
     // The driver's files and how the program has ended, on the instrument cluster.
-    void paintDriver(QPainter *painter) const
+    void drawDriver(QPainter *painter) const
     {
         const auto flag = flagTexts.value(driver->flag(), { "NO FLAG", red });
         QStringList lines(outcome.isEmpty() ? flag.first : outcome);
@@ -201,22 +196,12 @@ private:
         else if (!outcome.isEmpty())
             lines << "Click here or press Space to start again";
         lines.removeAll(QString());
-        drawBox(painter, display, 12, gray, dark.darker());
-        write(painter, display.adjusted(8, 6, -8, -6), flag.second, 15, lines.join('\n'));
-    }
-
-    void paintPad(QPainter *painter, const QRect &pad, const WheelKey &key) const
-    {
-        const bool held = &key == driver->held();
-        const bool lit = key.name == driver->function();
-        drawBox(painter, pad, 6, held ? white : gray, lit ? green : held ? blue : gray.darker());
-        write(painter, pad.adjusted(3, 3, -3, -3), held ? dark : white, 10, key.label);
+        drawBox(painter, display, dark.darker(), flag.second, 15, lines.join('\n'));
     }
 
     Driver *driver;
     const QSize headUnit;
     const QStringList command; // of the program, may be empty
-    const QString root;
     QProcess program;
     QSize frame;
     QString outcome; // of the program, empty until it has ended
@@ -225,10 +210,9 @@ private:
 
 } // namespace
 
-int showWheel(Driver *driver, const QSize &headUnit, const QStringList &command,
-              const QString &root)
+int showWheel(Driver *driver, const QSize &headUnit, const QStringList &command)
 {
-    WheelWindow window(driver, headUnit, command, root);
+    WheelWindow window(driver, headUnit, command);
     window.show();
     return QApplication::exec();
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QSize>
-#include <QString>
 #include <QStringList>
 
 class Driver;
@@ -10,5 +9,4 @@ class Driver;
 // It lies beside the window of a head unit's screen of that size, where there is one. The command
 // is the head unit's program, if any: started in its root folder, and again by the user. Gives the
 // exit status once the wheel is closed or the program fails.
-int showWheel(Driver *driver, const QSize &headUnit, const QStringList &command,
-              const QString &root);
+int showWheel(Driver *driver, const QSize &headUnit, const QStringList &command);
