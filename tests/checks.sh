@@ -2,8 +2,7 @@
 # checks.sh CHECK SOURCE BUILD: one check of the project's files.
 set -euo pipefail
 
-source=$2
-build=$3
+source=$2 build=$3
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 cd "$source"
@@ -13,12 +12,8 @@ fail() {
     exit 1
 }
 
-cpp_files() {
-    git ls-files -- '*.cpp' '*.h'
-}
-
 check_format() {
-    cpp_files | xargs clang-format --dry-run -Werror
+    git ls-files -- '*.cpp' '*.h' | xargs clang-format --dry-run -Werror
 }
 
 check_tidy() {

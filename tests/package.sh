@@ -10,11 +10,7 @@ if [ "$1" != alone ]; then
     exec unshare --map-root-user --mount --pid --fork --mount-proc --kill-child "$0" alone "$@"
 fi
 PATH+=:/usr/sbin:/sbin # dpkg and chroot need what a user's PATH leaves out
-project=$2
-build=$3/package
-toolchain=$4
-sysroot=$5
-emulator=("${@:6}")
+project=$2 build=$3/package toolchain=$4 sysroot=$5 emulator=("${@:6}")
 root=$build/root
 . "$project/desk/headunit.sh"
 . "$project/desk/stage.sh"
@@ -53,10 +49,8 @@ install_package() {
     cp "$sysroot/var/lib/dpkg/status" "$database"
     printf '%s\n' "$(dpkg --print-architecture)" "$(dpkg-deb -f "$build"/*.deb Architecture)" |
         uniq >"$database/arch"
-    if ! dpkg --root="$root" --log=/dev/null -i "$build"/*.deb 2>"$build/dpkg.log"; then
-        grep -v '^dpkg: warning: files list' "$build/dpkg.log" >&2
-        exit 1
-    fi
+    dpkg --root="$root" --log=/dev/null -i "$build"/*.deb \
+        2> >(grep -v '^dpkg: warning: files list' >&2)
 }
 
 # The root gets the machine's libraries and the emulator; all that the program shares with the
