@@ -6,8 +6,8 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
-#include <QHash>
 #include <QLabel>
+#include <QRegularExpression>
 #include <QTimerEvent>
 
 #include <ctime>
@@ -19,13 +19,13 @@
 
 namespace {
 
-constexpr int kilobytesPerPage = 4;
 constexpr int longestSlice = 100; // of time that passes at once, in milliseconds
 
 // Far beyond the real time, so that no wait of another thread until some time of it ever ends.
 qint64 milliseconds = 1000000000000;
 
 const bool withoutScreen = qputenv("QT_QPA_PLATFORM", "offscreen");
+const bool withoutTimeout = qputenv("QTEST_FUNCTION_TIMEOUT", "2000000000"); // in no time, too
 
 QString logText;
 QtMessageHandler handlerBefore;
@@ -36,25 +36,20 @@ void recordLog(QtMsgType type, const QMessageLogContext &context, const QString 
         return; // a screen's place, which nobody sees
     if (type != QtDebugMsg || qstrcmp(context.category, "default") != 0)
         return handlerBefore(type, context, text);
-    const QString number = QString::number(context.line) + ']';
-    logText +=
-        QString(text).replace(' ' + number, " LINE]").replace("[line:" + number, "[line:LINE]")
-        + '|';
+    const QRegularExpression line(QString("( |\\[line:)%1\\]").arg(context.line));
+    logText += QString(text).replace(line, "\\1LINE]") + '|';
 }
 
 // Does something once, in the event loop.
-class Later : public QObject
+struct Later : QObject
 {
-public:
     explicit Later(std::function<void()> what) : action(std::move(what)) { startTimer(0); }
-
-private:
     void timerEvent(QTimerEvent *event) override
     {
         killTimer(event->timerId());
         action();
     }
-    std::function<void()> action;
+    const std::function<void()> action;
 };
 
 } // namespace
@@ -122,64 +117,41 @@ QStringList slotsOf(const QMetaObject &type)
     return names;
 }
 
-QList<QWidget *> notices()
+QList<QLabel *> notices()
 {
-    QList<QWidget *> found;
-    for (QWidget *widget : QApplication::topLevelWidgets()) {
-        if (qobject_cast<AndroidToast *>(widget))
-            found += widget;
+    QList<QLabel *> found;
+    for (const QWidget *widget : QApplication::topLevelWidgets()) {
+        if (qobject_cast<const AndroidToast *>(widget))
+            found += widget->findChild<QLabel *>();
     }
     return found;
-}
-
-void tap(QWidget *button)
-{
-    QTest::mouseClick(button, Qt::LeftButton);
 }
 
 void answer(const QString &text)
 {
     QWidget *question = QApplication::activeModalWidget();
-    if (!question)
-        qFatal("no question is open");
     for (QPushButton *button : question->findChildren<QPushButton *>()) {
         if (button->text() == text)
-            return tap(button);
+            return button->click();
     }
     QTest::keyClick(question, Qt::Key_Escape);
 }
 
-int exitCodeOf(const std::function<void()> &action)
+int exitCodeOf(QPushButton *button, const std::function<void()> &reply)
 {
     QGuiApplication::setQuitOnLastWindowClosed(false); // the window itself is not shown
     std::unique_ptr<Later> giveUp;
     const Later start([&] {
-        action();
+        const Later later(reply);
+        button->click();
         giveUp = std::make_unique<Later>([] { QCoreApplication::exit(stillRunning); });
     });
     return QCoreApplication::exec();
 }
 
-int exitCodeOfClear(QPushButton *clear, const std::function<void()> &reply)
-{
-    return exitCodeOf([&] {
-        const Later later(reply);
-        tap(clear);
-    });
-}
-
-int residentKilobytes()
-{
-#ifdef __SANITIZE_ADDRESS__
-    return 0; // what was freed is kept for a while
-#endif
-    return read("/proc/self/statm").split(' ').value(1).toInt() * kilobytesPerPage;
-}
-
 // Time-outs that begin with a second are exact: Qt may move others by 5 percent.
 HeadUnit::HeadUnit(const QByteArray &configuration)
-    : folderBefore(QDir::currentPath()),
-      folder((QDir("/dev/shm").exists() ? "/dev/shm" : QDir::tempPath()) + "/velmora-XXXXXX")
+    : folder((QDir("/dev/shm").exists() ? "/dev/shm" : QDir::tempPath()) + "/velmora-XXXXXX")
 {
     milliseconds += 1000 - milliseconds % 1000;
     QDir::setCurrent(folder.path());
@@ -197,7 +169,6 @@ HeadUnit::~HeadUnit()
     if (QCoreApplication::instance())
         pass(3000); // the last notice goes
     qInstallMessageHandler(handlerBefore);
-    QDir::setCurrent(folderBefore);
 }
 
 void KeyMainWindowProbe::receive(const QByteArray &text) const
@@ -211,9 +182,9 @@ void KeyMainWindowProbe::play(const QString &steps)
 {
     for (const QString &step : steps.split(' ', QString::SkipEmptyParts)) {
         if (step == "clear")
-            exitCodeOfClear(clear, [] { answer("Yes"); });
+            exitCodeOf(clear, [] { answer("Yes"); });
         else if (step == "save")
-            exitCodeOf([this] { tap(save); });
+            exitCodeOf(save);
         else if (step == "up")
             receive(readingText("2,4095,4095,4095"));
         else if (step.contains('='))
@@ -223,21 +194,19 @@ void KeyMainWindowProbe::play(const QString &steps)
         else if (step.endsWith("ms"))
             pass(step.section("ms", 0, 0).toInt());
         else
-            tap(button(step.toInt()));
+            keys.key(step.toInt())->click();
     }
 }
 
 QString KeyMainWindowProbe::state() const
 {
-    const QString style = "background-color:%1;border-radius:6px;border:none;outline:none";
-    const QHash<QString, QString> colours{ { style.arg("green"), "green" },
-                                           { style.arg("blue"), "blue" } };
-    const QString gray = "QPushButton{" + style.arg("rgb(80,80,80)") + '}';
+    static const QRegularExpression style(
+        "background-color:(.*);border-radius:6px;border:none;outline:none");
     QStringList parts;
     for (QPushButton *key : window.findChildren<QPushButton *>()) {
-        const QString sheet = key->styleSheet();
-        if (sheet != gray)
-            parts += QString::number(keys.value(key)) + ' ' + colours.value(sheet, sheet);
+        const QString colour = key->styleSheet().replace(style, "\\1");
+        if (colour != "QPushButton{rgb(80,80,80)}")
+            parts += QString::number(keys.value(key)) + ' ' + colour;
     }
     for (auto key = learned.cbegin(); key != learned.cend(); ++key)
         parts += QString("%1=%2").arg(key.key()).arg(key.value());
@@ -247,10 +216,8 @@ QString KeyMainWindowProbe::state() const
         parts += QString("sample %1").arg(sample.key());
     if (window.sampleKeyIdx != 0)
         parts += QString("next %1").arg(window.sampleKeyIdx);
-    for (const QWidget *notice : notices()) {
-        const auto *label = notice->findChild<QLabel *>();
+    for (const QLabel *notice : notices())
         parts +=
-            label->styleSheet().section("; color:", 1).section(';', 0, 0) + ' ' + label->text();
-    }
+            notice->styleSheet().section("; color:", 1).section(';', 0, 0) + ' ' + notice->text();
     return parts.join("; ");
 }

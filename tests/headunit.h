@@ -4,6 +4,8 @@
 #include "readingfile.h"
 
 #include <QByteArray>
+#include <QLabel>
+#include <QList>
 #include <QMap>
 #include <QPushButton>
 #include <QString>
@@ -38,37 +40,29 @@ QString takeLog();
 // The slots of a class in the order in which the meta-object numbers them.
 QStringList slotsOf(const QMetaObject &type);
 
-QList<QWidget *> notices(); // on the screen
+QList<QLabel *> notices(); // on the screen
 
-void tap(QWidget *button);
 void answer(const QString &text); // by the button with this text, by Escape where there is none
 
-// The exit code of the event loop that runs the action and what it posts; stillRunning where that
-// does not end it.
+// The exit code of the event loop in which the button is tapped, stillRunning where that does not
+// end it. The reply comes as soon as a question is open.
 constexpr int stillRunning = -1;
-int exitCodeOf(const std::function<void()> &action);
-int exitCodeOfClear(QPushButton *clear, const std::function<void()> &reply);
-
-int residentKilobytes();
+int exitCodeOf(
+    QPushButton *button, const std::function<void()> &reply = [] {});
 
 // A folder that stands in for the root of the unit, with the driver's files in it.
-class HeadUnit
+struct HeadUnit
 {
-public:
     explicit HeadUnit(const QByteArray &configuration = QByteArray());
     ~HeadUnit();
 
-private:
-    QString folderBefore;
-    QTemporaryDir folder;
+    const QTemporaryDir folder;
 };
 
 // A learning window, with a view of its learning state.
 class KeyMainWindowProbe
 {
 public:
-    QPushButton *button(int code) const { return keys.key(code); }
-
     void receive(const QByteArray &text) const;
 
     // Steps: "314" taps that key, "2,1,2,3" measures, "up" is the release, "4000ms" pass,

@@ -53,7 +53,6 @@ private slots:
         std::mt19937 random;
         RunningUnit unit;
         unit.play("314");
-        int residentAtFirst = 0;
         for (int written = 0, burst = 0; written < updates; ++burst) {
             const auto way = static_cast<Way>(burst % 4);
             // Between the pieces and the next text, the window needs its time to read.
@@ -84,10 +83,7 @@ private slots:
             unit.window.initSampleKeys();
             takeLog();
             written += size;
-            if (residentAtFirst == 0 && written > updates / 10)
-                residentAtFirst = residentKilobytes();
         }
-        QVERIFY(residentKilobytes() - residentAtFirst < 1024);
     }
 };
 
