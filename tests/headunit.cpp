@@ -25,7 +25,7 @@ constexpr int longestSlice = 100; // of time that passes at once, in millisecond
 qint64 milliseconds = 1000000000000;
 
 const bool withoutScreen = qputenv("QT_QPA_PLATFORM", "offscreen");
-const bool withoutTimeout = qputenv("QTEST_FUNCTION_TIMEOUT", "2000000000"); // in no time, too
+const bool withoutTimeout = qputenv("QTEST_FUNCTION_TIMEOUT", "2000000000"); // this clock is fast
 
 QString logText;
 QtMessageHandler handlerBefore;

@@ -9,7 +9,7 @@
 
 #include <cerrno>
 #include <climits>
-#include <memory>
+#include <functional>
 
 #include <sys/fsuid.h>
 #include <sys/prctl.h>
@@ -36,7 +36,6 @@ void spoil(const char *path, const QString &kind)
         { "empty", "" },
         { "digits", QByteArray(10000000, '7') },
         { "huge", "SystemLanguageId=1\n" },
-        { "nul", QByteArray(1000, '\0') },
         { "utf8", "16:2,\xff,{\"direction0\": [\"\xc0\"]}\nSystemLanguageId=\xff\n" },
         { "integers", R"({"direction0":[{"direction_event":-2147483648,"adc":[2147483647,
             -2147483648, 1e300]},{"direction_event":2147483648,"adc":[1,2]}]})" },
@@ -59,7 +58,7 @@ void spoil(const char *path, const QString &kind)
 QString outcomeOf(const QByteArray &path, const QString &kind)
 {
     // Nothing is unreadable to root, so root looks at files as nobody does.
-    const int user = kind == "unreadable" ? setfsuid(65534) : -1;
+    setfsuid(kind == "unreadable" ? 65534 : geteuid());
     QString outcome;
     {
         const HeadUnit unit(homeAndBack);
@@ -79,10 +78,8 @@ QString outcomeOf(const QByteArray &path, const QString &kind)
         outcome += ", flag " + (QFileInfo(flagPath).isFile() ? read(flagPath) : "-")
             + QString(", backup %1").arg(backup.isFile() ? backup.size() : -1);
     }
-    if (user != -1) {
-        setfsuid(static_cast<uid_t>(user));
-        prctl(PR_SET_DUMPABLE, 1); // the leak sanitizer looks into the process
-    }
+    setfsuid(geteuid());
+    prctl(PR_SET_DUMPABLE, 1); // the leak sanitizer looks into the process
     return outcome;
 }
 
@@ -110,7 +107,7 @@ private slots:
     void takesBadFiles_data() // "file, what it is instead"
     {
         addRows(R"(
-direction.json, nothing: missing empty digits huge nul utf8 deep => language 1, keys 0 then 1, exit code 0, flag 0, backup 261
+direction.json, nothing: missing empty digits huge utf8 deep => language 1, keys 0 then 1, exit code 0, flag 0, backup 261
 direction.json, no file: directory fifo device unreadable => language 1, keys 0 then 0, exit code 0, flag 0, backup -1
 direction.json, other keys: integers => language 1, keys 1 then 2, exit code 0, flag 0, backup 142
 direction.json, more keys: many => language 1, keys 10000 then 10001, exit code 0, flag 0, backup 351018
@@ -118,11 +115,11 @@ direction.bak, missing: missing => language 1, keys 2 then 3, exit code 0, flag 
 direction.bak, no file: directory fifo device => language 1, keys 2 then 3, exit code 0, flag 0, backup -1
 direction.bak, closed: unreadable => language 1, keys 2 then 3, exit code 0, flag 0, backup 18
 direction.bak, empty: empty failing => language 1, keys 2 then 3, exit code 0, flag 0, backup 0
-swc_keys: missing directory unreadable fifo device failing empty digits huge nul utf8 integers deep many => language 1, keys 2 then 3, exit code 0, flag 0, backup 115
+swc_keys: missing directory unreadable fifo device failing empty digits huge utf8 integers deep many => language 1, keys 2 then 3, exit code 0, flag 0, backup 115
 swc_flags, no file: missing directory fifo device => language 1, keys 2 then 3, exit code 0, flag -, backup 115
 swc_flags, closed: unreadable failing => language 1, keys 2 then 3, exit code 0, flag , backup 115
 swc_flags, anything: empty digits huge => language 1, keys 2 then 3, exit code 0, flag 0, backup 115
-Corvane/UserData.ini: missing directory unreadable fifo device failing empty digits nul utf8 deep many => language 0, keys 2 then 3, exit code 0, flag 0, backup 115
+Corvane/UserData.ini: missing directory unreadable fifo device failing empty digits utf8 deep many => language 0, keys 2 then 3, exit code 0, flag 0, backup 115
 Corvane/UserData.ini, 3 GB: huge => language 1, keys 2 then 3, exit code 0, flag 0, backup 115)");
     }
     void takesBadFiles()
@@ -210,7 +207,7 @@ carriage returns are dropped: {"direc\rtion1":[{"direction_event":5,"adc":[1\r2]
         RunningUnit unit;
         write(configurationPath, QByteArray(5000, 'x'));
         unit.play("250=2,1202,3350,4094 314=2,2301,3349,4094 149=3,806,4094,4094");
-        const auto learned = unit.learned;
+        QCOMPARE(read(flagPath), QByteArray("1"));
         QCOMPARE(exitCodeOf(unit.save), 0);
         QCOMPARE(takeLog().replace("[swc_print]", "+"),
                  QString("+[onTouchKeysClicked LINE] save all keys|"
@@ -221,7 +218,6 @@ carriage returns are dropped: {"direc\rtion1":[{"direction_event":5,"adc":[1\r2]
         const QByteArray saved = read(configurationPath);
         QCOMPARE(saved, read(QFINDTESTDATA("direction.json")));
         QCOMPARE(read(backupPath), saved);
-        QVERIFY(unit.window.loadSwcKeys() == 3 && unit.learned == learned);
 
         unit.learned.clear();
         unit.play("1=2 2=3,7,8,9,1 3=4,1,1,1");
@@ -275,20 +271,12 @@ carriage returns are dropped: {"direc\rtion1":[{"direction_event":5,"adc":[1\r2]
     void createsNoneOfTheDriversFiles()
     {
         const HeadUnit unit;
-        QVERIFY(QFile::remove(readingPath));
-        {
-            KeyMainWindow window(nullptr);
-            QCOMPARE(read(flagPath), QByteArray("1"));
-            write(readingPath, "7:2,1,2,3"); // comes too late to be watched
-            QVERIFY(window.findChild<QFileSystemWatcher *>()->files().isEmpty());
-            QVERIFY(QFile::remove(flagPath));
-            window.writeClearFlag();
-            window.writeLearnFlag(true);
-            QVERIFY(!QFile::exists(flagPath));
-            write(flagPath, "11");
-        }
-        QCOMPARE(read(flagPath), QByteArray("0"));
-        QCOMPARE(takeLog(), QString("~KeyMainWindow|"));
+        QVERIFY(QFile::remove(readingPath) && QFile::remove(flagPath));
+        KeyMainWindow window(nullptr);
+        write(readingPath, "7:2,1,2,3"); // comes too late to be watched
+        QVERIFY(window.findChild<QFileSystemWatcher *>()->files().isEmpty());
+        window.writeClearFlag();
+        QVERIFY(!QFile::exists(flagPath));
     }
 };
 

@@ -51,18 +51,16 @@ private slots:
     {
         const int updates = qMax(10000, qgetenv("VELMORA_UPDATES").toInt());
         std::mt19937 random;
+        const auto below = [&random](unsigned limit) { return static_cast<int>(random() % limit); };
         RunningUnit unit;
         unit.play("314");
         for (int written = 0, burst = 0; written < updates; ++burst) {
             const auto way = static_cast<Way>(burst % 4);
             // Between the pieces and the next text, the window needs its time to read.
-            const int size = way == Way::Pieces ? 1 : 1 + static_cast<int>(random() % 50);
-            QVector<QByteArray> payloads; // the third value tells whether the other two are whole
-            for (int i = 0; i < size; ++i) {
-                const int value = static_cast<int>(random() % 2000);
-                const int other = static_cast<int>(random() % 2000);
-                payloads.append(payloadOf({ 2, value, other, value + other }));
-            }
+            const int size = way == Way::Pieces ? 1 : 1 + below(50);
+            QVector<QByteArray> payloads;
+            for (int i = 0; i < size; ++i)
+                payloads += payloadOf({ 2, below(4095), below(4095), below(4095) });
             std::atomic<bool> done{ false };
             std::thread driver([&payloads, &done, way] {
                 for (const QByteArray &payload : payloads)
@@ -74,12 +72,8 @@ private slots:
             driver.join();
             handleEvents();
             QCOMPARE(unit.lastSample, "314," + QString(payloads.last()));
-            for (const QString &sample : unit.samples) {
-                const QStringList fields = sample.split(',');
-                QVERIFY2(fields.value(2).toInt() + fields.value(3).toInt()
-                             == fields.value(4).toInt(),
-                         qPrintable(sample));
-            }
+            for (const QString &sample : unit.samples)
+                QVERIFY2(payloads.contains(sample.section(',', 1).toLatin1()), qPrintable(sample));
             unit.window.initSampleKeys();
             takeLog();
             written += size;
