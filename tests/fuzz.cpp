@@ -43,14 +43,14 @@ void reading(const QByteArray &bytes)
     if (parseReading(text, &result) != ReadingFault::None)
         return;
 
-    QString sample = sampleRecord(314, result.payload);
+    const QString sample = sampleRecord(314, result.payload);
     require(keyCodeOf(sample) == 314);
     collides(RecordFields(sample), RecordFields(text)); // a configuration's record may be anything
     if (classify(result) != ReadingClass::Sample)
         return;
     const QString learned = learnedRecordFrom({ { 0, sample } });
-    require(learned == learnedRecord(result.keyLine, result.adc));
-    require(collides(RecordFields(sample), RecordFields(learned)));
+    require(learned == learnedRecord(result.keyLine, result.adc)
+            && collides(RecordFields(sample), RecordFields(learned)));
 }
 
 // Saving keeps every key, with three values each, and a second save changes nothing.
@@ -62,8 +62,7 @@ void configuration(const QByteArray &bytes)
         const RecordFields fields(record);
         record = learnedRecord(fields.at(0), { { fields.at(1), fields.at(2), fields.at(3) } });
     }
-    require(load(text) == keys);
-    require(save(keys) == text);
+    require(load(text) == keys && save(keys) == text);
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)

@@ -181,10 +181,8 @@ void KeyMainWindowProbe::receive(const QByteArray &text) const
 void KeyMainWindowProbe::play(const QString &steps)
 {
     for (const QString &step : steps.split(' ', QString::SkipEmptyParts)) {
-        if (step == "clear")
-            exitCodeOf(clear, [] { answer("Yes"); });
-        else if (step == "save")
-            exitCodeOf(save);
+        if (step == "clear" || step == "save")
+            exitCodeOf(step == "save" ? save : clear, [] { answer("Yes"); });
         else if (step == "up")
             receive(readingText("2,4095,4095,4095"));
         else if (step.contains('='))

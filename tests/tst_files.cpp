@@ -147,8 +147,8 @@ Corvane/UserData.ini, 3 GB: huge => language 1, keys 2 then 3, exit code 0, flag
             };
             write("measured", "7:2,1,2,0");
             unit.window.onFileChange("measured");
-            const int last = changes < 4 ? changes + 1 : 0;
-            QCOMPARE(unit.lastSample, last ? QString("314,2,1,2,%1").arg(last) : QString());
+            const QString last = QString("314,2,1,2,%1").arg(changes + 1);
+            QCOMPARE(unit.lastSample, changes < 4 ? last : QString());
             QCOMPARE(reads, qMin(changes + 2, 5));
         }
     }
@@ -162,7 +162,8 @@ Corvane/UserData.ini, 3 GB: huge => language 1, keys 2 then 3, exit code 0, flag
             int reads = 0;
             limitOfRead = [&reads, fault](size_t) {
                 errno = fault;
-                return ++reads == 1 || (reads > 2 && fault == EINTR) ? 100 : -1;
+                ++reads;
+                return (fault == EINTR ? reads != 2 : reads % 2 != 0) ? 100 : -1;
             };
             QCOMPARE(readFile(configurationPath), fault == EINTR ? homeAndBack : QByteArray());
         }
@@ -225,7 +226,6 @@ carriage returns are dropped: {"direc\rtion1":[{"direction_event":5,"adc":[1\r2]
         QVERIFY(read(configurationPath).contains("\"interval\": 0,"));
         QCOMPARE(unit.window.loadSwcKeys(), 2);
         QCOMPARE(unit.learned, (QMap<int, QString>{ { 1, "2,0,0,0" }, { 2, "3,7,8,9" } }));
-        QCOMPARE(read(backupPath), saved);
     }
 
     // In both answers a tap on save waits behind the answer: it must not act.
