@@ -118,6 +118,7 @@ protected:
         driver->writeNext();
         if (!command.isEmpty() && outcome.isEmpty() && program.state() == QProcess::NotRunning) {
             outcome = outcomeOf(program, *driver);
+            activateWindow(); // for the Space that starts it again
             QTextStream(hasFailed(program) ? stderr : stdout) << outcome << endl;
             if (hasFailed(program))
                 QApplication::exit(1);
@@ -196,7 +197,10 @@ private:
         else if (!outcome.isEmpty())
             lines << "Click here or press Space to start again";
         lines.removeAll(QString());
-        drawBox(painter, display, dark.darker(), flag.second, 15, lines.join('\n'));
+        const bool asAnother = driver->held() && !driver->function().isEmpty()
+            && driver->function() != driver->held()->name;
+        drawBox(painter, display, dark.darker(), asAnother ? yellow : flag.second, 15,
+                lines.join('\n'));
     }
 
     Driver *driver;

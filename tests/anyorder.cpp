@@ -2,6 +2,7 @@
 #include "headunit.h"
 
 #include <QApplication>
+#include <QCommandLineOption>
 #include <QCommandLineParser>
 
 #include <cstdio>
@@ -52,7 +53,7 @@ public:
         for (int i = 0; i < stepCount && fault.isEmpty(); ++i)
             takeStep();
         play(longWait);
-        pass(3000); // the last notice goes
+        pass(4000); // the last notice goes, however late its time-out came
         require(QApplication::topLevelWidgets().size() == 1, "dialogs and notices end");
         return fault;
     }
@@ -174,8 +175,9 @@ int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
     QCommandLineParser parser;
-    parser.addOption({ "steps", "How many taps, readings and pauses.", "number", "20000" });
-    parser.addOption({ "seed", "The first story.", "number", "1" });
+    using Option = QCommandLineOption;
+    parser.addOption(Option("steps", "How many taps, readings and pauses.", "number", "20000"));
+    parser.addOption(Option("seed", "The first story.", "number", "1"));
     parser.process(application);
     const int steps = parser.value("steps").toInt();
     unsigned seed = parser.value("seed").toUInt();
@@ -189,7 +191,7 @@ int main(int argc, char **argv)
             std::fprintf(stderr, "%s\nAgain: --seed %u\n", qPrintable(fault), seed);
             return 1;
         }
-        if (taken >= steps / 10 && residentAtFirst == 0)
+        if (taken + stepsPerStory >= steps / 10 && residentAtFirst == 0)
             residentAtFirst = residentKilobytes();
     }
     const int growth = residentKilobytes() - residentAtFirst;
