@@ -1,6 +1,8 @@
 # Sourced after stage.sh: the stage on a whole head unit, emulated: kernel, frame buffer, touch panel and
 # plug. A run has its files in the folder $run.
 
+PATH+=:/usr/sbin:/sbin # the file system's tools, which a user's PATH leaves out
+
 panel=penmount3000 # several fingers; touchit213: one; mouse: the pointer in the window
 language=0
 window=none # the emulator's display
