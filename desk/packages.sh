@@ -2,7 +2,7 @@
 
 build_packages=(g++ cmake make ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools)
 screen_packages=(xvfb openbox xdotool imagemagick fonts-droid-fallback fonts-dejavu-core)
-unit_packages=(iproute2 dpkg-dev file lintian systemd) # to package the program, and to run it by itself
+unit_packages=(dpkg-dev file lintian systemd) # to package the program and check the package
 arm_packages=(g++-arm-linux-gnueabihf qemu-user)
 emulator_packages=(qemu-system-arm e2fsprogs cpio kmod) # a whole unit
 check_packages=(clang-format clang-tidy librsvg2-bin optipng)
