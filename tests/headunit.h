@@ -30,7 +30,8 @@ void pass(int duration); // in milliseconds
 void write(const QString &path, const QByteArray &content);
 QByteArray read(const QString &path); // null where the file is missing
 
-// The rows of a test whose input and outcome are texts, each a line "name: input => expected".
+// The rows of a test whose input and outcome are texts: tables/NAME.txt has a line for each,
+// "name: input => expected".
 void addRows(const QString &table);
 
 // The debug lines since the last call, each ended by "|". LINE stands for the number of the source

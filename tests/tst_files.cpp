@@ -104,24 +104,7 @@ class TestFiles : public QObject
 private slots:
     void init() { limitOfRead = nullptr; }
 
-    void takesBadFiles_data() // "file, what it is instead"
-    {
-        addRows(R"(
-direction.json, nothing: missing empty digits huge utf8 deep => language 1, keys 0 then 1, exit code 0, flag 0, backup 261
-direction.json, no file: directory fifo device unreadable => language 1, keys 0 then 0, exit code 0, flag 0, backup -1
-direction.json, other keys: integers => language 1, keys 1 then 2, exit code 0, flag 0, backup 142
-direction.json, more keys: many => language 1, keys 10000 then 10001, exit code 0, flag 0, backup 351018
-direction.bak, missing: missing => language 1, keys 2 then 3, exit code 0, flag 0, backup 115
-direction.bak, no file: directory fifo device => language 1, keys 2 then 3, exit code 0, flag 0, backup -1
-direction.bak, closed: unreadable => language 1, keys 2 then 3, exit code 0, flag 0, backup 18
-direction.bak, empty: empty failing => language 1, keys 2 then 3, exit code 0, flag 0, backup 0
-swc_keys: missing directory unreadable fifo device failing empty digits huge utf8 integers deep many => language 1, keys 2 then 3, exit code 0, flag 0, backup 115
-swc_flags, no file: missing directory fifo device => language 1, keys 2 then 3, exit code 0, flag -, backup 115
-swc_flags, closed: unreadable failing => language 1, keys 2 then 3, exit code 0, flag , backup 115
-swc_flags, anything: empty digits huge => language 1, keys 2 then 3, exit code 0, flag 0, backup 115
-Corvane/UserData.ini: missing directory unreadable fifo device failing empty digits utf8 deep many => language 0, keys 2 then 3, exit code 0, flag 0, backup 115
-Corvane/UserData.ini, 3 GB: huge => language 1, keys 2 then 3, exit code 0, flag 0, backup 115)");
-    }
+    void takesBadFiles_data() { addRows("badfiles"); }
     void takesBadFiles()
     {
         QFETCH(QString, input);
@@ -169,20 +152,7 @@ Corvane/UserData.ini, 3 GB: huge => language 1, keys 2 then 3, exit code 0, flag
         }
     }
 
-    void loads_data()
-    {
-        addRows(R"(
-an empty file:  =>
-an array on top: [{"direction_event":5}] =>
-a cut file: {"direction0":[{"direction_event":5,"adc":[1,2,3]}] =>
-groups that are no arrays: {"direction0":{"direction_event":5},"direction1":7} =>
-a code in both groups: {"direction1":[{"direction_event":5}],"direction0":[{"direction_event":5}]} => 5   "2"|5   "3"|
-a code twice: {"direction0":[{"direction_event":5,"adc":[1]},{"direction_event":5,"adc":[2]}]} => 5   "2,1"|5   "2,2"|
-no codes: {"direction0":[{"adc":[1]},{"direction_event":0},{"direction_event":12.5},{"direction_event":"5"},{"direction_event":1e10},7]} =>
-four values: {"direction0":[{"direction_event":5,"adc":[1,2,3,4],"road":9}]} => 5   "2,1,2,3,4"|
-no numbers: {"direction0":[{"direction_event":5,"adc":[1.5,"2",-3]},{"direction_event":6,"adc":9}]} => 5   "2,0,0,-3"|6   "2"|
-carriage returns are dropped: {"direc\rtion1":[{"direction_event":5,"adc":[1\r2]}]} => 5   "3,12"|)");
-    }
+    void loads_data() { addRows("configurations"); }
     void loads()
     {
         QFETCH(QString, input);
