@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRect>
+#include <QSize>
 
 namespace {
 
@@ -18,6 +19,11 @@ constexpr char labelStyle[] = "font-size:24px;color:white;font:normal";
 constexpr char buttonStyle[] = "QPushButton{background-color:rgb(80,80,80);color:white;"
                                "border-radius:2px;border:none;outline:none}";
 
+int part(int whole, double share) // every product is cut to whole pixels on its own
+{
+    return static_cast<int>(whole * share);
+}
+
 } // namespace
 
 CustomMsgBox::CustomMsgBox(QWidget *, QString text) : QDialog(nullptr)
@@ -28,9 +34,8 @@ CustomMsgBox::CustomMsgBox(QWidget *, QString text) : QDialog(nullptr)
     resize(dialogWidth, dialogHeight);
     setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
     setStyleSheet(dialogStyle);
-    setGeometry(static_cast<int>((available.width() - dialogWidth) * 0.5),
-                static_cast<int>((available.height() - dialogHeight) * 0.5), dialogWidth,
-                dialogHeight);
+    setGeometry(part(available.width() - dialogWidth, 0.5),
+                part(available.height() - dialogHeight, 0.5), dialogWidth, dialogHeight);
 
     msgLabel = new QLabel(this);
     btnYes = new QPushButton("Yes", this);
@@ -51,27 +56,23 @@ void CustomMsgBox::slotsNoClick()
     reject();
 }
 
-// Every product is cut to whole pixels on its own.
 void CustomMsgBox::placeChildren()
 {
-    const int textHeight = static_cast<int>(height() * 0.7);
-    const int buttonsHeight = static_cast<int>(height() * 0.3);
-    const int halfWidth = static_cast<int>(width() * 0.5);
+    const int textHeight = part(height(), 0.7);
+    const int buttonsHeight = part(height(), 0.3);
+    const int halfWidth = part(width(), 0.5);
 
-    const int labelWidth = static_cast<int>(width() * 0.9);
-    const int labelHeight = static_cast<int>(textHeight * 0.9);
+    const QSize label(part(width(), 0.9), part(textHeight, 0.9));
     msgLabel->setStyleSheet(labelStyle);
     msgLabel->setAlignment(Qt::AlignCenter);
-    msgLabel->setGeometry(static_cast<int>((width() - labelWidth) * 0.5),
-                          static_cast<int>((textHeight - labelHeight) * 0.5), labelWidth,
-                          labelHeight);
+    msgLabel->setGeometry(part(width() - label.width(), 0.5),
+                          part(textHeight - label.height(), 0.5), label.width(), label.height());
 
-    const int buttonY = static_cast<int>(textHeight + buttonsHeight * 0.1);
-    const int buttonWidth = static_cast<int>(halfWidth * 0.8);
-    const int buttonHeight = static_cast<int>(buttonsHeight * 0.8);
-    btnYes->setGeometry(static_cast<int>(halfWidth * 0.1), buttonY, buttonWidth, buttonHeight);
-    btnNo->setGeometry(static_cast<int>(halfWidth * 0.1 + width() * 0.5), buttonY, buttonWidth,
-                       buttonHeight);
-    btnYes->setStyleSheet(buttonStyle);
-    btnNo->setStyleSheet(buttonStyle);
+    int x = part(halfWidth, 0.1);
+    for (QPushButton *button : { btnYes, btnNo }) {
+        button->setGeometry(x, textHeight + part(buttonsHeight, 0.1), part(halfWidth, 0.8),
+                            part(buttonsHeight, 0.8));
+        button->setStyleSheet(buttonStyle);
+        x += halfWidth;
+    }
 }

@@ -30,10 +30,7 @@ bool AndroidToast::isShowToast = false;
 
 AndroidToast::AndroidToast(QWidget *parent) : QWidget(parent), label(new QLabel(this))
 {
-    label->setMaximumHeight(labelHeight);
-    label->setMinimumHeight(labelHeight);
-    label->setMaximumWidth(labelWidth);
-    label->setMinimumWidth(labelWidth);
+    label->setFixedSize(labelWidth, labelHeight);
     label->setWordWrap(true);
     label->setAlignment(Qt::AlignCenter);
     label->setStyleSheet(levelStyles[0]);

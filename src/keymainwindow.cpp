@@ -38,13 +38,6 @@ QSize buttonSizeFor(const QSize &screen)
              static_cast<int>(screen.height() * 0.72 / 6.0) };
 }
 
-void setWhiteText(QLabel *label)
-{
-    QPalette palette;
-    palette.setColor(QPalette::WindowText, Qt::white);
-    label->setPalette(palette);
-}
-
 } // namespace
 
 KeyMainWindow::KeyMainWindow(QWidget *parent) : QWidget(parent)
@@ -91,12 +84,14 @@ void KeyMainWindow::buildScreen(const Catalogue &catalogue, const QSize &screen)
 {
     auto *layout = new QVBoxLayout;
     const int upperPart = 3 * screen.height() / 8;
-    const QSize instructionsSize(static_cast<int>(screen.width() * 0.94),
-                                 static_cast<int>(upperPart * 0.7));
-
-    layout->addWidget(createTitle(static_cast<int>(upperPart * 0.3)), 1, Qt::AlignCenter);
+    QLabel *title = createText(tr("Velmora"), titleStyle, Qt::AlignCenter);
+    title->setFixedHeight(static_cast<int>(upperPart * 0.3));
+    layout->addWidget(title, 1, Qt::AlignCenter);
     layout->addWidget(createSeparator());
-    layout->addWidget(createInstructions(instructionsSize), 3, Qt::AlignCenter);
+    QLabel *instructions = createInstructions();
+    instructions->setFixedSize(static_cast<int>(screen.width() * 0.94),
+                               static_cast<int>(upperPart * 0.7));
+    layout->addWidget(instructions, 3, Qt::AlignCenter);
     layout->addWidget(createSeparator());
     layout->addLayout(createGrid(catalogue, buttonSizeFor(screen)), 10);
     setLayout(layout);
@@ -105,35 +100,29 @@ void KeyMainWindow::buildScreen(const Catalogue &catalogue, const QSize &screen)
     connect(btnSave, SIGNAL(clicked()), this, SLOT(onTouchKeysClicked()));
 }
 
-QLabel *KeyMainWindow::createTitle(int height)
+QLabel *KeyMainWindow::createText(const QString &text, const char *style, Qt::Alignment alignment)
 {
-    auto *title = new QLabel(tr("Velmora"), this);
-    title->setScaledContents(true);
-    title->setAlignment(Qt::AlignCenter);
-    setWhiteText(title);
-    title->setStyleSheet(titleStyle);
-    title->setMinimumHeight(height);
-    title->setMaximumHeight(height);
-    return title;
+    auto *label = new QLabel(text, this);
+    QPalette white;
+    white.setColor(QPalette::WindowText, Qt::white);
+    label->setPalette(white);
+    label->setStyleSheet(style);
+    label->setScaledContents(true);
+    label->setAlignment(alignment);
+    return label;
 }
 
-QLabel *KeyMainWindow::createInstructions(const QSize &size)
+QLabel *KeyMainWindow::createInstructions()
 {
-    auto *instructions = new QLabel(
+    const QString text =
         tr("The operation steps are as follows:\n"
            "1. Click the below button(the button changes from gray to blue);\n"
            "2. Next, click the key on SWC(the button clicked in the first step changes from blue "
            "to green);\n"
            "3. Repeat steps 1 and 2 to learn all the keys you need on SWC;\n"
-           "4. Finally, click the green tick key to save and exit."),
-        this);
+           "4. Finally, click the green tick key to save and exit.");
+    QLabel *instructions = createText(text, instructionsStyle, Qt::AlignLeft | Qt::AlignVCenter);
     instructions->setWordWrap(true);
-    instructions->setScaledContents(true);
-    instructions->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    setWhiteText(instructions);
-    instructions->setStyleSheet(instructionsStyle);
-    instructions->setMinimumSize(size);
-    instructions->setMaximumSize(size);
     return instructions;
 }
 

@@ -82,8 +82,8 @@ private:
     friend class KeyMainWindowProbe; // the tests' view of the learning state
 
     void buildScreen(const Catalogue &catalogue, const QSize &screen);
-    QLabel *createTitle(int height);
-    QLabel *createInstructions(const QSize &size);
+    QLabel *createText(const QString &text, const char *style, Qt::Alignment alignment);
+    QLabel *createInstructions();
     QLabel *createSeparator();
     QPushButton *createButton(const QString &icon, const char *style, const QSize &size);
     QGridLayout *createGrid(const Catalogue &catalogue, const QSize &buttonSize);

@@ -25,12 +25,10 @@ ReadingFault parseReading(const QString &text, Reading *reading)
 
 ReadingClass classify(const Reading &reading)
 {
-    const auto all = [&reading](bool (*test)(int)) {
-        return std::all_of(reading.adc.begin(), reading.adc.end(), test);
-    };
-    if (all([](int value) { return value >= 0 && value < releaseValue; }))
+    const auto range = std::minmax_element(reading.adc.begin(), reading.adc.end());
+    if (*range.first >= 0 && *range.second < releaseValue)
         return ReadingClass::Sample;
-    if (all([](int value) { return value == releaseValue; }))
+    if (*range.first == releaseValue && *range.second == releaseValue)
         return ReadingClass::Release;
     return ReadingClass::Invalid;
 }
