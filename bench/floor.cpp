@@ -10,12 +10,15 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <memory>
+
 // floor [empty]: the program's screen and nothing behind it, or an empty window: what any program
 // with this screen pays, or with any. It stays the plainest code that paints the same pixels, so
 // that the comparison is with what is needed.
 namespace {
 
 constexpr int keysPerRow = 8;
+constexpr char line[] = "background-color:gray;";
 
 QLabel *label(QWidget *window, const QString &style, int height, const QString &text = QString())
 {
@@ -23,11 +26,6 @@ QLabel *label(QWidget *window, const QString &style, int height, const QString &
     label->setStyleSheet(style);
     label->setFixedHeight(height);
     return label;
-}
-
-QLabel *line(QWidget *window)
-{
-    return label(window, "background-color:gray;", 1);
 }
 
 QPushButton *button(QWidget *window, const QString &icon, const QSize &size)
@@ -52,7 +50,7 @@ QGridLayout *keys(QWidget *window, const QSize &screen)
     for (int i = 0; i < icons.size(); ++i)
         grid->addWidget(button(window, icons.at(i), size), i / keysPerRow, i % keysPerRow,
                         Qt::AlignCenter);
-    grid->addWidget(line(window), grid->rowCount(), 0, 1, keysPerRow);
+    grid->addWidget(label(window, line, 1), grid->rowCount(), 0, 1, keysPerRow);
     auto *controls = new QHBoxLayout;
     for (const char *icon : { ":/img/save.png", ":/img/clear.png" })
         controls->addWidget(button(window, icon, size), 1, Qt::AlignCenter);
@@ -60,8 +58,11 @@ QGridLayout *keys(QWidget *window, const QSize &screen)
     return grid;
 }
 
-void build(QWidget *window)
+QWidget *screenOfKeys()
 {
+    QFontDatabase().families();
+    QApplication::setFont(QFont("Droid Sans Fallback", 16));
+    auto *window = new QWidget;
     const QRect screen = availableScreen();
     const int upperPart = 3 * screen.height() / 8;
     window->setGeometry(screen);
@@ -84,10 +85,11 @@ void build(QWidget *window)
 
     auto *layout = new QVBoxLayout(window);
     layout->addWidget(title, 1, Qt::AlignCenter);
-    layout->addWidget(line(window));
+    layout->addWidget(label(window, line, 1));
     layout->addWidget(instructions, 3, Qt::AlignCenter);
-    layout->addWidget(line(window));
+    layout->addWidget(label(window, line, 1));
     layout->addLayout(keys(window, screen.size()), 10);
+    return window;
 }
 
 } // namespace
@@ -95,14 +97,7 @@ void build(QWidget *window)
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
-    const bool empty = argc > 1 && qstrcmp(argv[1], "empty") == 0;
-    if (!empty) {
-        QFontDatabase().families();
-        QApplication::setFont(QFont("Droid Sans Fallback", 16));
-    }
-    QWidget window;
-    if (!empty)
-        build(&window);
-    window.show();
+    const std::unique_ptr<QWidget> window(argc == 1 ? screenOfKeys() : new QWidget);
+    window->show();
     return QApplication::exec();
 }
