@@ -16,26 +16,24 @@ root=$build/root
 . "$project/desk/stage.sh"
 
 package() {
-    mkdir -p "$build"
-    rm -f "$build"/*.deb "$build"/*.tar.gz
+    local texts
     cd "$project"
-    cat languages/*.ts >"$build/texts.before"
+    texts=$(cat languages/*.ts)
+    rm -f "$build"/*.deb "$build"/*.tar.gz
     cmake --preset product -B "$build" \
         ${toolchain:+-DCMAKE_TOOLCHAIN_FILE="$toolchain" -DSWC_SYSROOT="$sysroot"}
-    cmake --build "$build"
-    cmp "$build/texts.before" <(cat languages/*.ts) # a build changes no source
+    (umask 022 && cmake --build "$build" --target package)
+    [ "$(cat languages/*.ts)" = "$texts" ] # a build changes no source
     [ "$(ls "$build/bin")" = velmora ] # and makes nothing of the desk
-    (cd "$build" && umask 022 && cpack)
 }
 
 check_packages() {
     local version
     diff <(gunzip -c "$build"/*.tar.gz | files) <(dpkg-deb --fsys-tarfile "$build"/*.deb | files)
     lintian --allow-root --fail-on error,warning "$build"/*.deb 2> >(grep -v 'root privileges' >&2)
-    version=$(dpkg-parsechangelog -l "$project/docs/changelog" -S Version)
+    version=$(dpkg-parsechangelog -l docs/changelog -S Version)
     [ "$(dpkg-deb -f "$build"/*.deb Version)" = "$version" ]
-    strings "$build/bin/velmora" >"$build/strings.txt"
-    grep -qx "Velmora $version" "$build/strings.txt"
+    strings "$build/bin/velmora" | grep -x "Velmora $version"
 }
 
 # The files of a tar archive.
@@ -58,12 +56,8 @@ install_package() {
 bind_machine() {
     local place
     for place in /bin /lib* /usr /etc /dev /proc "$project" "$build" $sysroot; do
-        if [ -L "$place" ]; then
-            cp -P "$place" "$root$place"
-        else
-            mkdir -p "$root$place"
-            mount --rbind "$place" "$root$place" # with what is mounted below, as a user must
-        fi
+        mkdir -p "$root$place"
+        mount --rbind "$place" "$root$place" # with what is mounted below, as a user must
     done
 }
 
@@ -80,7 +74,7 @@ chroot "$root" systemd-analyze verify /tmp/velmora.service
 log=$build/log.txt
 chroot "$root" env -C /tmp QT_QPA_PLATFORM=offscreen "${emulator[@]}" /application/bin/velmora >"$log" 2>&1 &
 program=$!
-await 20 "the program's window" grep -qE '^x:[0-9]+, y:[0-9]+$' "$log"
+await 20 "the program's window" grep -qsE '^x:[0-9]+, y:[0-9]+$' "$log"
 await 5 "the learning flag" grep -qx 1 "$root/$nvm/swc_flags"
 grep -qF '[swc_print] load true' "$log"
 kill -KILL $program
