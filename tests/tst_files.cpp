@@ -132,8 +132,7 @@ private slots:
         write(configurationPath, later);
         unit.play(parts.at(1));
         takeLog();
-        QPushButton *tapped = parts.at(2) == "save" ? unit.save : unit.clear;
-        const int code = exitCodeOf(tapped, [&] {
+        const int code = exitCodeOf(parts.at(2) == "save" ? unit.save : unit.clear, [&] {
             answer(parts.at(2));
             unit.save->click(); // waits behind the answer, and must not act
         });
