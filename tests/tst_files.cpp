@@ -128,7 +128,6 @@ private slots:
         const QStringList parts = input.split("; ");
         RunningUnit unit(parts.at(0) == "home and back" ? homeAndBack : "");
         const QByteArray later(5000, 'x');
-        const QByteArray saved = read(QFINDTESTDATA("direction.json"));
         write(configurationPath, later);
         unit.play(parts.at(1));
         takeLog();
@@ -140,7 +139,7 @@ private slots:
         for (const char *path : { flagPath, configurationPath, backupPath })
             outcome += read(path)
                            .replace(homeAndBack, "home and back")
-                           .replace(saved, "direction.json")
+                           .replace(read(QFINDTESTDATA("direction.json")), "direction.json")
                            .replace(later, "later");
         outcome += takeLog().replace("[swc_print]", "+");
         QTEST(outcome.join("; "), "expected");
