@@ -32,12 +32,11 @@ QtMessageHandler handlerBefore;
 
 void recordLog(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
-    if (text.startsWith("This plugin does not support"))
-        return; // a screen's place, which nobody sees
-    if (type != QtDebugMsg || qstrcmp(context.category, "default") != 0)
-        return handlerBefore(type, context, text);
     const QRegularExpression line(QString("( |\\[line:)%1\\]").arg(context.line));
-    logText += QString(text).replace(line, "\\1LINE]") + '|';
+    if (type == QtDebugMsg && qstrcmp(context.category, "default") == 0)
+        logText += QString(text).replace(line, "\\1LINE]") + '|';
+    else if (!text.startsWith("This plugin does not support")) // a place on a screen
+        handlerBefore(type, context, text);
 }
 
 // Does something once, in the event loop.
@@ -73,8 +72,8 @@ void handleEvents()
 
 void pass(int duration)
 {
-    for (const qint64 end = milliseconds + duration; milliseconds < end;) {
-        milliseconds += qMin<qint64>(longestSlice, end - milliseconds);
+    for (; duration > 0; duration -= longestSlice) {
+        milliseconds += qMin(longestSlice, duration);
         handleEvents();
     }
 }
@@ -100,7 +99,7 @@ void addRows(const QString &table)
     for (QString row : rows.split('\n', QString::SkipEmptyParts)) {
         if (row.startsWith('#'))
             continue;
-        row.replace("\\r", "\r").replace("\\n", "\n").replace("\\t", "\t");
+        row.replace("\\r", "\r").replace("\\n", "\n").replace("\\t", "\t").replace("\\0", QChar(0));
         const QString input = row.section(" =>", 0, 0).section(": ", 1);
         QTest::newRow(qPrintable(row.section(": ", 0, 0))) << input << row.section(" =>", 1).mid(1);
     }
@@ -174,38 +173,34 @@ HeadUnit::~HeadUnit()
     qInstallMessageHandler(handlerBefore);
 }
 
-void KeyMainWindowProbe::receive(const QByteArray &text) const
-{
-    if (!writeReading(readingPath, text, way))
-        qFatal("can't write the reading");
-    handleEvents();
-}
-
 void KeyMainWindowProbe::play(const QString &steps)
 {
     for (const QString &step : steps.split(' ', QString::SkipEmptyParts)) {
+        const QByteArray payload = step == "up" ? "2,4095,4095,4095" : step.toLatin1();
         if (step == "clear" || step == "save")
             exitCodeOf(step == "save" ? save : clear, [] { answer("Yes"); });
-        else if (step == "up")
-            receive(readingText("2,4095,4095,4095"));
         else if (step.contains('='))
             learned.insert(step.section('=', 0, 0).toInt(), step.section('=', 1));
-        else if (step.contains(','))
-            receive(readingText(step.toLatin1()));
+        else if (step.startsWith("text:"))
+            write(readingPath, step.mid(5).toLatin1());
+        else if (payload.contains(','))
+            writeReading(readingPath, readingText(payload), way);
+        else if (step == "gone")
+            QFile::remove(readingPath);
         else if (step.endsWith("ms"))
             pass(step.section("ms", 0, 0).toInt());
         else
             keys.key(step.toInt())->click();
+        handleEvents();
     }
 }
 
 QString KeyMainWindowProbe::state() const
 {
-    static const QRegularExpression style(
-        "background-color:(.*);border-radius:6px;border:none;outline:none");
     QStringList parts;
     for (QPushButton *key : window.findChildren<QPushButton *>()) {
-        const QString colour = key->styleSheet().replace(style, "\\1");
+        QString colour = key->styleSheet().remove(";border-radius:6px;border:none;outline:none");
+        colour.remove("background-color:");
         if (colour != "QPushButton{rgb(80,80,80)}")
             parts += QString::number(keys.value(key)) + ' ' + colour;
     }
@@ -218,7 +213,6 @@ QString KeyMainWindowProbe::state() const
     if (window.sampleKeyIdx != 0)
         parts += QString("next %1").arg(window.sampleKeyIdx);
     for (const QLabel *notice : notices())
-        parts +=
-            notice->styleSheet().section("; color:", 1).section(';', 0, 0) + ' ' + notice->text();
+        parts += notice->styleSheet().section("color:", 2).section(';', 0, 0) + ' ' + notice->text();
     return parts.join("; ");
 }

@@ -34,14 +34,15 @@ private slots:
     {
         QFETCH(QString, input);
         QFETCH(QString, expected);
+        const QString row = QTest::currentDataTag();
         const HeadUnit unit;
         const QString languages = "application/languages/Velmora_";
-        write(settingsPath, "SystemLanguageId=" + input.left(1).toLatin1());
+        write(settingsPath, input.toUtf8());
         QDir().mkpath("application/languages");
-        if (input.endsWith("damaged"))
-            write(languages + "en_gb.qm", "damaged");
         for (const QString name : { "en_gb.qm", "zh_rCN.qm" }) {
-            if (!input.endsWith("missing"))
+            if (row.contains("damaged"))
+                write(languages + name, "damaged");
+            else if (row != "no catalogue")
                 QFile::copy(CATALOGUES_FOLDER "/Velmora_" + name, languages + name);
         }
         recordBefore = qInstallMessageHandler(endAtStart);
@@ -53,9 +54,8 @@ private slots:
         QString log = takeLog().replace("[swc_print]", "+").remove(languages).remove(".qm");
         const auto fonts = QRegularExpression(R"(list \((.*)\) size (\d+)\|)").match(log);
         QCOMPARE(fonts.captured(1).count("\", \"") + 1, fonts.captured(2).toInt());
-        QCOMPARE(log.remove(fonts.captured()),
-                 "[virtual_print][getLanguageIdx]language " + expected
-                     + "+ +: Start Velmora...|~KeyMainWindow|");
+        log.remove(fonts.captured()).replace("[virtual_print][getLanguageIdx]", "*");
+        QCOMPARE(log, expected + "+ +: Start Velmora...|~KeyMainWindow|");
     }
 };
 

@@ -2,15 +2,9 @@
 #include "headunit.h"
 
 #include <QApplication>
-#include <QCommandLineOption>
-#include <QCommandLineParser>
 
-#include <cstdio>
 #include <memory>
 #include <random>
-
-// Tells stories of taps, readings and time in an order that a seed decides, until there were enough
-// steps or one broke. A broken story is told again by its seed.
 
 namespace {
 
@@ -41,21 +35,27 @@ bool isOf(const Measurement &centre, const QString &record)
     return near;
 }
 
-// A new unit. After every step it checks what must always hold.
+// Taps, readings and time on a new unit, in an order that the seed decides. After every step it
+// checks what must always hold.
 class Story
 {
 public:
     explicit Story(unsigned seed) : random(seed) { }
-
-    // The steps and the fault behind them, or an empty text.
-    QString tell(int stepCount)
+    ~Story()
     {
-        for (int i = 0; i < stepCount && fault.isEmpty(); ++i)
+        if (QTest::currentTestFailed())
+            qWarning("The steps: %s", qPrintable(steps.join(' ')));
+    }
+
+    void tell()
+    {
+        for (int i = 0; i < stepsPerStory && !QTest::currentTestFailed(); ++i)
             takeStep();
+        if (QTest::currentTestFailed())
+            return;
         play(longWait);
         pass(4000); // the last notice goes, however late its time-out came
-        require(QApplication::topLevelWidgets().size() == 1, "dialogs and notices end");
-        return fault;
+        QCOMPARE(QApplication::topLevelWidgets().size(), 1); // no dialog, no notice
     }
 
 private:
@@ -63,12 +63,6 @@ private:
     Measurement anyMeasurement() { return { 2 + below(2), below(4075), below(4075), below(4075) }; }
 
     int below(int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); }
-
-    void require(bool holds, const char *what)
-    {
-        if (!holds && fault.isEmpty())
-            fault = steps.join(' ') + "\nBroken: " + what;
-    }
 
     void play(const QString &step)
     {
@@ -125,17 +119,17 @@ private:
         });
         if (how == "Yes") {
             known.clear();
-            require(code == stillRunning && read(flagPath) == "11", "Yes tells only the driver");
-            require(probe->learned.isEmpty() && probe->samples.isEmpty(), "Yes forgets all");
+            QVERIFY(code == stillRunning && read(flagPath) == "11");
+            QVERIFY(probe->learned.isEmpty() && probe->samples.isEmpty());
             return;
         }
         probe.reset();
-        require(code == 0 && read(flagPath) == "0", "save and No end the program");
+        QVERIFY(code == 0 && read(flagPath) == "0");
         probe = std::make_unique<KeyMainWindowProbe>();
         if (how == "save")
-            require(probe->learned == known, "the next start has what was saved");
+            QCOMPARE(probe->learned, known);
         else if (!read(backupPath).isNull())
-            require(read(backupPath) == read(configurationPath), "No brings the backup back");
+            QCOMPARE(read(configurationPath), read(backupPath));
         known = probe->learned;
     }
 
@@ -146,16 +140,16 @@ private:
             const int code = key.value();
             const QString record = probe->learned.value(code);
             const bool blue = key.key()->styleSheet() == ButtonStyles::selected;
-            require(!blue || probe->pending.contains(code), "a blue key waits");
+            QVERIFY(!blue || probe->pending.contains(code));
             if (record == known.value(code))
                 continue;
-            require(code == tapped && released, "a key learns by its own release");
-            require(isOf(centres.value(code), record), "a key learns from its own samples");
+            QVERIFY(code == tapped && released);
+            QVERIFY2(isOf(centres.value(code), record), qPrintable(record));
             centres[code] = anyMeasurement(); // for its next samples
             ++learnings;
         }
         known = probe->learned;
-        require(steps.last() != longWait || probe->pending.isEmpty(), "selections time out");
+        QVERIFY(steps.last() != longWait || probe->pending.isEmpty());
         takeLog();
     }
 
@@ -166,36 +160,39 @@ private:
     QMap<int, QString> known; // the records after the last step
     int tapped = 0; // 0 for save and clear
     QStringList steps;
-    QString fault;
 };
 
 } // namespace
 
-int main(int argc, char **argv)
+class TestAnyOrder : public QObject
 {
-    QApplication application(argc, argv);
-    QCommandLineParser parser;
-    using Option = QCommandLineOption;
-    parser.addOption(Option("steps", "How many taps, readings and pauses.", "number", "20000"));
-    parser.addOption(Option("seed", "The first story.", "number", "1"));
-    parser.process(application);
-    const int steps = parser.value("steps").toInt();
-    unsigned seed = parser.value("seed").toUInt();
-    if (!std::freopen("/dev/null", "w", stdout)) // each window writes a line
-        return 1;
+    Q_OBJECT
 
+    const int stories = qMax(5, qgetenv("VELMORA_STORIES").toInt());
     int residentAtFirst = 0;
-    for (int taken = 0; taken < steps; taken += stepsPerStory, ++seed) {
-        const QString fault = Story(seed).tell(qMin(stepsPerStory, steps - taken));
-        if (!fault.isEmpty()) {
-            std::fprintf(stderr, "%s\nAgain: --seed %u\n", qPrintable(fault), seed);
-            return 1;
-        }
-        if (taken + stepsPerStory >= steps / 10 && residentAtFirst == 0)
+
+private slots:
+    void story_data()
+    {
+        QTest::addColumn<int>("seed");
+        for (int seed = 1; seed <= stories; ++seed)
+            QTest::newRow(qPrintable(QString::number(seed))) << seed;
+    }
+    void story()
+    {
+        QFETCH(int, seed);
+        Story(static_cast<unsigned>(seed)).tell();
+        if (seed == qMax(1, stories / 10))
             residentAtFirst = residentKilobytes();
     }
-    const int growth = residentKilobytes() - residentAtFirst;
-    std::fprintf(stderr, "%d steps, %d keys learned, %d kB more resident memory\n", steps,
-                 learnings, growth);
-    return growth < allowedGrowth && learnings > 0 ? 0 : 1;
-}
+
+    void learnsWithoutGrowing()
+    {
+        const int growth = residentKilobytes() - residentAtFirst;
+        qDebug("%d keys learned, %d kB more resident memory", learnings, growth);
+        QVERIFY(growth < allowedGrowth && learnings > 0);
+    }
+};
+
+QTEST_MAIN(TestAnyOrder)
+#include "tst_anyorder.moc"
