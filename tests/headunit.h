@@ -30,8 +30,8 @@ void pass(int duration); // in milliseconds
 void write(const QString &path, const QByteArray &content);
 QByteArray read(const QString &path); // null where the file is missing
 
-// The rows of a test whose input and outcome are texts: tables/NAME.txt has a line for each,
-// "name: input => expected".
+// The rows of a test whose input and outcome are texts: below its title, tables/NAME.txt has a line
+// for each, "name: input => expected".
 void addRows(const QString &table);
 
 // The debug lines since the last call, each ended by "|". LINE stands for the number of the source
@@ -66,10 +66,11 @@ class KeyMainWindowProbe
 public:
     // Steps: "314" taps that key, "2,1,2,3" measures, "up" is the release, "4000ms" pass,
     // "314=2,1,2,3" makes it a learned key, "clear" is answered by Yes,
-    // "save" does not end the window, "text:7" is all that the driver's file holds, "gone" removes it.
+    // "save" does not end the window, "text:7" is all that the driver's file holds, "gone" removes
+    // it, and "recorrectHomeBtnStatus" is a call of that slot.
     void play(const QString &steps);
 
-    // All that is not as at the start, for example "314 blue; waits 314; sample 0; next 1".
+    // All that is not as at the start, for example "314 blue; waits 314; sample 0".
     QString state() const;
 
     KeyMainWindow window{ nullptr };

@@ -1,6 +1,8 @@
+#include "catalogue.h"
 #include "headunit.h"
 
 #include <QApplication>
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFont>
@@ -38,12 +40,12 @@ private slots:
         const HeadUnit unit;
         const QString languages = "application/languages/Velmora_";
         write(settingsPath, input.toUtf8());
-        QDir().mkpath("application/languages");
+        if (row != "no catalogue")
+            QDir().mkpath("application/languages");
         for (const QString name : { "en_gb.qm", "zh_rCN.qm" }) {
-            if (row.contains("damaged"))
-                write(languages + name, "damaged");
-            else if (row != "no catalogue")
-                QFile::copy(CATALOGUES_FOLDER "/Velmora_" + name, languages + name);
+            const QString catalogue = CATALOGUES_FOLDER "/Velmora_" + name;
+            QFile::copy(row == "no translations in it" ? settingsPath : catalogue,
+                        languages + name);
         }
         recordBefore = qInstallMessageHandler(endAtStart);
         QByteArray name = "velmora";
@@ -56,6 +58,21 @@ private slots:
         QCOMPARE(fonts.captured(1).count("\", \"") + 1, fonts.captured(2).toInt());
         log.remove(fonts.captured()).replace("[virtual_print][getLanguageIdx]", "*");
         QCOMPARE(log, expected + "+ +: Start Velmora...|~KeyMainWindow|");
+    }
+
+    void readsCatalogues_data() { addRows("catalogues"); }
+    void readsCatalogues()
+    {
+        QFETCH(QString, input);
+        QBuffer file;
+        file.setData(input.toUtf8());
+        file.open(QIODevice::ReadOnly);
+        const Catalogue catalogue = readCatalogue(file);
+        QString rows;
+        for (int i = 0; i < catalogue.codes.size(); ++i)
+            rows += catalogue.names.value(i) + ' ' + QString::number(catalogue.codes.at(i)) + ' '
+                + catalogue.iconPaths.value(i) + '|';
+        QTEST(rows, "expected");
     }
 };
 

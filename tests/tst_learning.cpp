@@ -1,4 +1,5 @@
 #include "headunit.h"
+#include "records.h"
 
 class TestLearning : public QObject
 {
@@ -19,25 +20,19 @@ private slots:
             QCOMPARE(takeLog().replace("[swc_print]", "+"), expected.section(" =>", 1).trimmed());
     }
 
-    void everyKeyTimesOutByASlotOfItsOwn()
+    // 4000.4999 is 4000.5 there.
+    void meansAreOfSinglePrecision()
     {
-        const QString keys =
-            "314 Home 250 Back 148 Power 149 Mute 166 VolPlus 167 VolSubtract 232 Prev 233 Next "
-            "315 Src 157 Enter 347 Bluetooth 351 HangUp 325 Ilink 344 Siri 302 Music 226 Radio "
-            "155 Left 156 Right 153 Up 154 Down 326 Ams 247 PlayPause";
-        QStringList names{ "public onFileChange(QString)", "private onTouchKeysClicked()" };
-        for (int i = 0; i <= keys.count(' '); i += 2) {
-            const QString code = keys.section(' ', i, i);
-            const QString name = "recorrect" + keys.section(' ', i + 1, i + 1) + "BtnStatus";
-            names += "private " + name + "()";
-            RunningUnit unit;
-            unit.play(code + " 4000ms");
-            QCOMPARE(unit.state(), QString("red NO LEARNING."));
-            unit.play("3000ms " + code);
-            QVERIFY2(QMetaObject::invokeMethod(&unit.window, qPrintable(name)), qPrintable(name));
-            QCOMPARE(unit.state(), QString("red NO LEARNING."));
-        }
-        QCOMPARE(slotsOf(KeyMainWindow::staticMetaObject), names);
+        QMap<int, QString> samples;
+        for (int i = 0; i < 10000; ++i)
+            samples.insert(i, i < 4999 ? "9,2,4001,0,0" : "9,2,4000,0,0");
+        QCOMPARE(learnedRecordFrom(samples), QString("2,4001,0,0"));
+    }
+
+    void hasTheSlotsInThisOrder()
+    {
+        const QString names = slotsOf(KeyMainWindow::staticMetaObject).join("\n") + '\n';
+        QCOMPARE(names, QString(read(QFINDTESTDATA("tables/slots.txt"))));
     }
 };
 
