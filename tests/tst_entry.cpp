@@ -68,11 +68,9 @@ private slots:
         file.setData(input.toUtf8());
         file.open(QIODevice::ReadOnly);
         const Catalogue catalogue = readCatalogue(file);
-        QString rows;
-        for (int i = 0; i < catalogue.codes.size(); ++i)
-            rows += catalogue.names.value(i) + ' ' + QString::number(catalogue.codes.at(i)) + ' '
-                + catalogue.iconPaths.value(i) + '|';
-        QTEST(rows, "expected");
+        QString columns;
+        QDebug(&columns) << catalogue.names << catalogue.codes << catalogue.iconPaths;
+        QTEST(columns.trimmed(), "expected");
     }
 };
 
