@@ -1,83 +1,51 @@
 #include "driver.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QJsonValue>
 
-#include <utility>
+constexpr char folder[] = "/media/flash/nvm/";
+constexpr int largestFile = 1 << 26; // in bytes
 
-namespace {
-
-constexpr int largestFile = 1 << 20; // in bytes
-
-QJsonArray learnedKeys(int line, const QJsonObject &configuration)
-{
-    return configuration.value(line == 2 ? "direction0" : "direction1").toArray();
-}
-
-} // namespace
-
-int decode(const Measurement &measurement, const QJsonObject &configuration)
+Decoded decode(const Measurement &measurement, const WheelKey &key, const Wheel &wheel,
+               const QByteArray &configuration)
 {
     int code = 0;
+    QString reason = "no learned key is near enough";
     int nearest = releasedValue;
-    for (const QJsonValue element : learnedKeys(measurement[0], configuration)) {
-        const QJsonObject key = element.toObject();
-        const int road = key.value("road").toInt();
-        if (road < 1 || road > 3)
-            continue;
-        const int distance =
-            qAbs(measurement[road] - key.value("adc").toArray().at(road - 1).toInt());
-        if (distance <= key.value("interval").toInt(-1) && distance < nearest) {
-            nearest = distance;
-            code = key.value("direction_event").toInt();
-        }
-    }
-    return code;
-}
-
-QString decodedText(const WheelKey &key, const QString &function, const QJsonObject &configuration)
-{
-    const QString text = QString("%1 is decoded as %2: %3").arg(key.name, function);
-    for (const QJsonValue element : learnedKeys(key.contact[0], configuration)) {
+    const QJsonObject groups = QJsonDocument::fromJson(configuration).object();
+    const QString group = measurement[0] == 2 ? "direction0" : "direction1";
+    for (const QJsonValue element : groups.value(group).toArray()) {
         const QJsonObject learned = element.toObject();
         const int road = learned.value("road").toInt();
-        if (learned.value("direction_event").toInt() == key.code)
-            return text.arg(QString("learned as %1 on channel %2, interval %3")
-                                .arg(learned.value("adc").toArray().at(road - 1).toInt())
-                                .arg(road)
-                                .arg(learned.value("interval").toInt()));
+        if (road < 1 || road > 3)
+            continue;
+        const int value = learned.value("adc").toArray().at(road - 1).toInt();
+        const int interval = learned.value("interval").toInt(-1);
+        const int distance = qAbs(measurement[road] - value);
+        if (distance > interval || distance >= nearest)
+            continue;
+        nearest = distance;
+        code = learned.value("direction_event").toInt();
+        reason = QString("within %1 of its %2 on channel %3").arg(interval).arg(value).arg(road);
     }
-    return text.arg(function == "none" ? "not learned"
-                                       : "not learned, but within " + function + "'s interval");
+    const QString text = QString("%1 is decoded as %2: %3");
+    return { code, text.arg(key.name, wheel.functionName(code), reason) };
 }
 
-QString readRegularFile(const QString &path, QByteArray *content)
+QByteArray readFile(const QString &path)
 {
     QFile file(path);
-    if (file.exists() && !QFileInfo(file).isFile())
-        return "no regular file";
-    if (!file.open(QIODevice::ReadOnly))
-        return file.errorString();
-    *content = file.read(largestFile);
-    return QString();
-}
-
-Driver::Driver(Wheel wheel, const QString &root, int rate, quint32 seed)
-    : wheel(std::move(wheel)),
-      root(root),
-      period(1000 / rate),
-      folder(QDir(root).filePath("media/flash/nvm/")),
-      chance(seed)
-{
+    const bool open = QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly);
+    return open ? file.read(largestFile) : QByteArray();
 }
 
 void Driver::hold(const WheelKey &key)
 {
-    heldKey = &key;
+    held = &key;
     drift = between(-wheel.drift, wheel.drift, &chance);
     count = 0;
     writeNext();
@@ -85,39 +53,38 @@ void Driver::hold(const WheelKey &key)
 
 void Driver::release()
 {
-    if (!heldKey)
-        return;
-    write({ { heldKey->contact[0], releasedValue, releasedValue, releasedValue } });
-    heldKey = nullptr;
+    if (held)
+        write({ { held->contact[0], releasedValue, releasedValue, releasedValue } });
+    held = nullptr;
 }
 
 void Driver::writeNext()
 {
-    if (heldKey)
-        write(measure(wheel, *heldKey, drift, count++, &chance));
-}
-
-QString Driver::function() const
-{
-    return heldKey && !isLearning() ? wheel.functionName(decode(last, configuration())) : QString();
+    if (held)
+        write(measure(wheel, *held, drift, count++, &chance));
 }
 
 void Driver::write(const Measurement &measurement)
 {
     last = measurement;
-    lastReading = readingText(payloadOf(measurement));
-    if (!writeReading(folder + "swc_keys", lastReading, way))
-        fileFault = QString("can't write %1swc_keys").arg(folder);
+    reading = readingText(payloadOf(measurement));
+    if (!writeReading(root + folder + "swc_keys", reading, way))
+        fault = "can't write swc_keys";
 }
 
 QByteArray Driver::contentOf(const QString &name) const
 {
-    QByteArray content;
-    readRegularFile(folder + name, &content);
-    return content;
+    return readFile(root + folder + name);
 }
 
-QJsonObject Driver::configuration() const
+Decoded Driver::decodeHeld() const
 {
-    return QJsonDocument::fromJson(contentOf("direction.json")).object();
+    const bool decoding = held && flag() == "0";
+    return decoding ? decode(last, *held, wheel, contentOf("direction.json")) : Decoded();
+}
+
+Decoded Driver::decodePress(const WheelKey &key)
+{
+    const Measurement press = settledPress(wheel, key, &chance);
+    return decode(press, key, wheel, contentOf("direction.json"));
 }

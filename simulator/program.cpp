@@ -3,41 +3,24 @@
 #include "driver.h"
 
 #include <QByteArray>
-#include <QFile>
-#include <QJsonArray>
-#include <QJsonObject>
-
-constexpr char logName[] = "/log.txt";
-
-void startProgram(const QStringList &command, const QString &root, QProcess *program)
-{
-    if (command.isEmpty() || program->state() != QProcess::NotRunning)
-        return;
-    program->setWorkingDirectory(root);
-    program->setProcessChannelMode(QProcess::MergedChannels);
-    program->setStandardOutputFile(root + logName);
-    program->start(command.first(), command.mid(1));
-}
+#include <QProcess>
 
 bool hasFailed(const QProcess &program)
 {
-    return program.error() == QProcess::FailedToStart
-        || program.exitStatus() != QProcess::NormalExit || program.exitCode() != 0;
+    return program.error() != QProcess::UnknownError || program.exitCode() != 0;
 }
 
 QString outcomeOf(const QProcess &program, const Driver &driver)
 {
-    QFile log(program.workingDirectory() + logName);
+    const QString logPath = program.workingDirectory() + "/log.txt";
     if (hasFailed(program))
-        return program.program() + " failed, its log is " + log.fileName();
+        return program.program() + " failed, its log is " + logPath;
     // In the program's own spelling. The last tap has ended it.
-    const QByteArray lines = log.open(QIODevice::ReadOnly) ? log.readAll() : QByteArray();
-    const bool saved = lines.lastIndexOf(" save all keys") > lines.lastIndexOf(" canel all keys");
-    if (!saved)
-        return driver.contentOf("direction.bak").isEmpty() ? "No: nothing is saved"
-                                                           : "No: the backup is back";
-    const QJsonObject configuration = driver.configuration();
-    const int keys = configuration.value("direction0").toArray().size()
-        + configuration.value("direction1").toArray().size();
-    return QString("Saved %1 %2").arg(keys).arg(keys == 1 ? "key" : "keys");
+    const QByteArray log = readFile(logPath);
+    if (log.lastIndexOf(" save all keys") > log.lastIndexOf(" canel all keys")) {
+        const int keys = driver.contentOf("direction.json").count("direction_event");
+        return QString(keys == 1 ? "Saved %1 key" : "Saved %1 keys").arg(keys);
+    }
+    const bool backup = !driver.contentOf("direction.bak").isEmpty();
+    return backup ? "No: the backup is back" : "No: nothing is saved";
 }

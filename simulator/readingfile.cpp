@@ -7,10 +7,8 @@
 
 QByteArray payloadOf(const Measurement &measurement)
 {
-    QByteArray payload;
-    for (const int field : measurement)
-        payload += ',' + QByteArray::number(field);
-    return payload.mid(1);
+    const QString payload = QString("%1,%2,%3,%4").arg(measurement[0]).arg(measurement[1]);
+    return payload.arg(measurement[2]).arg(measurement[3]).toLatin1();
 }
 
 QByteArray readingText(const QByteArray &payload)

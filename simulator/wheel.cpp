@@ -14,25 +14,27 @@ namespace {
 
 constexpr int settledNumber = 16; // each reading bounces half as much
 
-// Gives what the key needs, else nothing.
-QString readKey(const QJsonObject &object, const Wheel &wheel, WheelKey *key)
+constexpr char keyNeeds[] =
+    R"(key %1 needs a "name" of its own, one word, neither all nor none, a "code" above 0, a )"
+    R"("line", 2 or 3, and as "adc" three whole numbers from 0 to 4094)";
+
+WheelKey keyFrom(const QJsonObject &object)
 {
     const QJsonArray adc = object.value("adc").toArray();
-    const auto value = [&adc](int channel) { return adc.at(channel - 1).toInt(-1); };
-    key->name = object.value("name").toString();
-    key->label = object.value("label").toString(key->name);
-    key->code = object.value("code").toInt();
-    key->contact = { { object.value("line").toInt(), value(1), value(2), value(3) } };
-    const auto range = std::minmax({ value(1), value(2), value(3) });
-    if (!QRegExp("(?!(all|none)$)\\S+").exactMatch(key->name) || wheel.find(key->name))
-        return R"("name", one word that no other key has, neither all nor none)";
-    if (key->code < 1)
-        return R"("code", a whole number above 0)";
-    if (key->contact[0] != 2 && key->contact[0] != 3)
-        return R"("line", 2 or 3)";
-    if (adc.size() != 3 || range.first < 0 || range.second > idleValue)
-        return R"("adc", three whole numbers from 0 to 4094)";
-    return QString();
+    WheelKey key;
+    key.name = object.value("name").toString();
+    key.label = object.value("label").toString(key.name);
+    key.code = object.value("code").toInt();
+    key.contact = { { object.value("line").toInt(), adc.at(0).toInt(-1), adc.at(1).toInt(-1),
+                      adc.at(2).toInt(-1) } };
+    return key;
+}
+
+bool isGood(const WheelKey &key)
+{
+    const auto values = std::minmax({ key.contact[1], key.contact[2], key.contact[3] });
+    return QRegExp("(?!(all|none)$)\\S+").exactMatch(key.name) && key.code > 0
+        && key.contact[0] / 2 == 1 && values.first >= 0 && values.second <= idleValue;
 }
 
 } // namespace
@@ -41,6 +43,8 @@ QString parseWheel(const QByteArray &text, Wheel *wheel)
 {
     QJsonParseError error{};
     const QJsonObject object = QJsonDocument::fromJson(text, &error).object();
+    if (text.isEmpty())
+        return "there is nothing to read";
     if (error.error != QJsonParseError::NoError)
         return QString("%1 at byte %2").arg(error.errorString()).arg(error.offset);
     wheel->noise = object.value("noise").toDouble(-1);
@@ -50,36 +54,31 @@ QString parseWheel(const QByteArray &text, Wheel *wheel)
     if (range.first < 0 || range.second > releasedValue)
         return R"(a wheel needs "noise", "drift" and "bounce", numbers from 0 to 4095)";
     for (const QJsonValue element : object.value("keys").toArray()) {
-        WheelKey key;
-        const QString need = readKey(element.toObject(), *wheel, &key);
-        if (!need.isEmpty())
-            return QString(R"(key %1, "%2", needs %3)")
-                .arg(wheel->keys.size() + 1)
-                .arg(key.name, need);
+        const WheelKey key = keyFrom(element.toObject());
+        if (!isGood(key) || !wheel->find(key.name).isEmpty())
+            return QString(keyNeeds).arg(wheel->keys.size() + 1);
         wheel->keys.append(key);
     }
     return wheel->keys.isEmpty() ? R"(a wheel needs "keys")" : QString();
 }
 
-const WheelKey *Wheel::find(const QString &name) const
+QVector<WheelKey> Wheel::find(const QString &name) const
 {
-    const int index = keyNames().indexOf(name);
-    return index < 0 ? nullptr : &keys.at(index);
-}
-
-QStringList Wheel::keyNames() const
-{
-    QStringList names;
-    for (const WheelKey &key : keys)
-        names.append(key.name);
-    return names;
+    QVector<WheelKey> found;
+    for (const WheelKey &key : keys) {
+        if (key.name == name || name == "all")
+            found.append(key);
+    }
+    return found;
 }
 
 QString Wheel::functionName(int code) const
 {
-    const auto *key = std::find_if(keys.begin(), keys.end(),
-                                   [code](const WheelKey &key) { return key.code == code; });
-    return key != keys.end() ? key->name : code == 0 ? "none" : QString::number(code);
+    for (const WheelKey &key : keys) {
+        if (key.code == code)
+            return key.name;
+    }
+    return code == 0 ? "none" : QString::number(code);
 }
 
 double between(double from, double to, Chance *chance)

@@ -4,7 +4,6 @@
 
 #include <QByteArray>
 #include <QString>
-#include <QStringList>
 #include <QVector>
 
 #include <random>
@@ -29,8 +28,7 @@ struct Wheel
     double bounce = 0; // the first value of a press is up to this much too high, the next by half
     QVector<WheelKey> keys;
 
-    const WheelKey *find(const QString &name) const; // nullptr if there is none
-    QStringList keyNames() const;
+    QVector<WheelKey> find(const QString &name) const; // every key for "all"
     QString functionName(int code) const; // "none" for 0
 };
 

@@ -5,7 +5,6 @@
 #include "program.h"
 
 #include <QApplication>
-#include <QByteArray>
 #include <QColor>
 #include <QFont>
 #include <QGuiApplication>
@@ -16,8 +15,8 @@
 #include <QPainter>
 #include <QPair>
 #include <QPen>
+#include <QPixmap>
 #include <QPoint>
-#include <QPolygon>
 #include <QProcess>
 #include <QRect>
 #include <QScreen>
@@ -29,25 +28,18 @@
 #include <QVector>
 #include <QWidget>
 
-#include <utility>
-
 namespace {
 
-constexpr int padWidth = 43;
-constexpr int padHeight = 34;
-constexpr int padRows = 4;
-const QPoint centre(240, 240);
+// In a square of wheelSide, as img/svg/wheel.svg is drawn.
 const QRect display(124, 72, 232, 88);
 
-const QColor white(0xe8, 0xec, 0xf2);
 const QColor gray(0x50, 0x58, 0x66);
 const QColor dark(0x15, 0x18, 0x1e);
 const QColor green(0x35, 0xd0, 0x7f);
 const QColor blue(0x3d, 0x9b, 0xff);
 const QColor yellow(0xff, 0xb0, 0x3a);
-const QColor red(0xff, 0x6b, 0x5e);
 
-const QMap<QByteArray, QPair<QString, QColor>> flagTexts = {
+const QMap<QString, QPair<QString, QColor>> flagTexts = {
     { "1", { "LEARNING", blue } },
     { "0", { "LEARNING OFF", green } },
     { "11", { "KEYS CLEARED", yellow } },
@@ -72,36 +64,24 @@ void drawBox(QPainter *painter, const QRect &box, const QColor &face, const QCol
     painter->drawText(room, flags, text);
 }
 
-// Two broad spokes that carry the pads and one that goes down, in a rim.
-void drawWheel(QPainter *painter)
-{
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(gray.darker(130));
-    painter->drawRoundedRect(28, 166, 424, 154, 24, 24);
-    painter->drawEllipse(centre, 96, 88);
-    painter->drawPolygon(QPolygon({ { 196, 300 }, { 284, 300 }, { 268, 450 }, { 212, 450 } }));
-    painter->setBrush(Qt::NoBrush);
-    painter->setPen(QPen(gray.darker(140), 24));
-    painter->drawEllipse(centre, 218, 218);
-}
-
 class WheelWindow : public QWidget
 {
 public:
     // The keys of line 2 are on the left, column by column from the hub to the rim.
-    WheelWindow(Driver *driver, const QSize &headUnit, QStringList command)
-        : driver(driver), headUnit(headUnit), command(std::move(command))
+    WheelWindow(Driver *driver, const QSize &headUnit, const QStringList &command)
+        : driver(driver), headUnit(headUnit), command(command)
     {
-        int placed[] = { 0, 0 };
+        int placed[] = { 0, 0, 0, 0 };
         for (const WheelKey &key : driver->wheel.keys) {
-            const bool left = key.contact[0] == 2;
-            const int place = placed[left]++;
-            const int distance = 64 + place / padRows * padWidth; // from the centre
-            pads.append(QRect(centre.x() + (left ? -distance - padWidth : distance) + 2,
-                              178 + place % padRows * padHeight, padWidth - 4, padHeight - 4));
+            const int place = placed[key.contact[0]]++, column = place / 4 * 43;
+            const int x = key.contact[0] == 2 ? 135 - column : 306 + column;
+            pads.append(QRect(x, 180 + place % 4 * 34, 39, 30));
         }
         setWindowTitle("Steering wheel");
         setFixedSize(wheelSide, wheelSide);
+        program.setWorkingDirectory(driver->root);
+        program.setProcessChannelMode(QProcess::MergedChannels);
+        program.setStandardOutputFile(driver->root + "/log.txt");
         start();
         startTimer(driver->period);
     }
@@ -116,15 +96,15 @@ protected:
     void timerEvent(QTimerEvent *) override
     {
         driver->writeNext();
-        if (!command.isEmpty() && outcome.isEmpty() && program.state() == QProcess::NotRunning) {
-            outcome = outcomeOf(program, *driver);
-            activateWindow(); // for the Space that starts it again
-            QTextStream(hasFailed(program) ? stderr : stdout) << outcome << endl;
-            if (hasFailed(program))
-                QApplication::exit(1);
-        }
         placeOnce();
         update();
+        if (command.isEmpty() || !outcome.isEmpty() || program.state() != QProcess::NotRunning)
+            return;
+        outcome = outcomeOf(program, *driver);
+        activateWindow(); // for the key that starts it again
+        QTextStream(hasFailed(program) ? stderr : stdout) << outcome << endl;
+        if (hasFailed(program))
+            QApplication::exit(1);
     }
 
     void mousePressEvent(QMouseEvent *event) override
@@ -140,37 +120,49 @@ protected:
 
     void mouseReleaseEvent(QMouseEvent *) override { driver->release(); }
 
-    void keyPressEvent(QKeyEvent *event) override
-    {
-        if (event->key() == Qt::Key_Space)
-            start();
-    }
+    void keyPressEvent(QKeyEvent *) override { start(); }
 
     void paintEvent(QPaintEvent *) override
     {
         QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.fillRect(rect(), dark);
+        painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
         painter.scale(qreal(width()) / wheelSide, qreal(width()) / wheelSide);
-        drawWheel(&painter);
-        drawDriver(&painter);
+        painter.drawPixmap(0, 0, QPixmap(":/wheel.png"));
+        const Decoded decoded = driver->decodeHeld();
+        drawDisplay(&painter, decoded);
         for (int i = 0; i < pads.size(); ++i) {
             const WheelKey &key = driver->wheel.keys.at(i);
-            const bool held = &key == driver->held();
-            const bool lit = key.name == driver->function();
+            const bool lit = key.code == decoded.code;
+            const bool held = &key == driver->held;
             drawBox(&painter, pads.at(i),
                     lit        ? green
                         : held ? blue
                                : gray.darker(),
-                    held ? dark : white, 10, key.label);
+                    lit || held ? dark : Qt::white, 10, key.label);
         }
     }
 
 private:
+    // Does nothing without a command, or while it runs.
     void start()
     {
+        if (command.isEmpty() || program.state() != QProcess::NotRunning)
+            return;
         outcome.clear();
-        startProgram(command, driver->root, &program);
+        program.start(command.first(), command.mid(1));
+    }
+
+    // The driver's files and how the program has ended, on the instrument cluster.
+    void drawDisplay(QPainter *painter, const Decoded &decoded) const
+    {
+        const auto flag = flagTexts.value(driver->flag(), { "NO FLAG", yellow });
+        const bool isWrong = !decoded.text.isEmpty() && decoded.code != driver->held->code;
+        QStringList lines = { flag.first, driver->reading, driver->fault, decoded.text };
+        if (!outcome.isEmpty())
+            lines[0] = outcome + "\nClick here or press a key to start again";
+        lines.removeAll(QString());
+        drawBox(painter, display, dark.darker(), isWrong ? yellow : flag.second, 15,
+                lines.join('\n'));
     }
 
     // The window's manager gives it its frame some time after it is shown.
@@ -184,23 +176,6 @@ private:
             placeBeside(headUnit, QGuiApplication::primaryScreen()->availableGeometry(), frame);
         setFixedSize(place.size() - frame);
         move(place.topLeft());
-    }
-
-    // The driver's files and how the program has ended, on the instrument cluster.
-    void drawDriver(QPainter *painter) const
-    {
-        const auto flag = flagTexts.value(driver->flag(), { "NO FLAG", red });
-        QStringList lines(outcome.isEmpty() ? flag.first : outcome);
-        lines << driver->reading() << driver->fault();
-        if (!driver->function().isEmpty())
-            lines << decodedText(*driver->held(), driver->function(), driver->configuration());
-        else if (!outcome.isEmpty())
-            lines << "Click here or press Space to start again";
-        lines.removeAll(QString());
-        const bool asAnother = driver->held() && !driver->function().isEmpty()
-            && driver->function() != driver->held()->name;
-        drawBox(painter, display, dark.darker(), asAnother ? yellow : flag.second, 15,
-                lines.join('\n'));
     }
 
     Driver *driver;
