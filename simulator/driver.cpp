@@ -1,7 +1,6 @@
 #include "driver.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -14,6 +13,7 @@ Decoded decode(const Measurement &measurement, const WheelKey &key, const Wheel 
                const QByteArray &configuration)
 {
     int code = 0;
+    QString function = "none";
     QString reason = "no learned key is near enough";
     int nearest = releasedValue;
     const QJsonObject groups = QJsonDocument::fromJson(configuration).object();
@@ -30,17 +30,17 @@ Decoded decode(const Measurement &measurement, const WheelKey &key, const Wheel 
             continue;
         nearest = distance;
         code = learned.value("direction_event").toInt();
-        reason = QString("within %1 of its %2 on channel %3").arg(interval).arg(value).arg(road);
+        function = wheel.functionName(code);
+        reason = function
+            + QString(" has %1 on channel %2, interval %3").arg(value).arg(road).arg(interval);
     }
-    const QString text = QString("%1 is decoded as %2: %3");
-    return { code, text.arg(key.name, wheel.functionName(code), reason) };
+    return { code, QString("%1 is decoded as %2: %3").arg(key.name, function, reason) };
 }
 
 QByteArray readFile(const QString &path)
 {
     QFile file(path);
-    const bool open = QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly);
-    return open ? file.read(largestFile) : QByteArray();
+    return file.open(QIODevice::ReadOnly) ? file.read(largestFile) : QByteArray();
 }
 
 void Driver::hold(const WheelKey &key)
@@ -81,10 +81,4 @@ Decoded Driver::decodeHeld() const
 {
     const bool decoding = held && flag() == "0";
     return decoding ? decode(last, *held, wheel, contentOf("direction.json")) : Decoded();
-}
-
-Decoded Driver::decodePress(const WheelKey &key)
-{
-    const Measurement press = settledPress(wheel, key, &chance);
-    return decode(press, key, wheel, contentOf("direction.json"));
 }

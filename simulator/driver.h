@@ -16,7 +16,7 @@ struct Decoded
 Decoded decode(const Measurement &measurement, const WheelKey &key, const Wheel &wheel,
                const QByteArray &configuration);
 
-// The content of a regular file; empty where there is none to read.
+// The content of a file; empty where there is none to read.
 QByteArray readFile(const QString &path);
 
 // The key driver's side of its three files.
@@ -30,7 +30,6 @@ public:
     QByteArray contentOf(const QString &name) const;
     QString flag() const { return contentOf("swc_flags"); }
     Decoded decodeHeld() const; // the last reading; nothing while learning
-    Decoded decodePress(const WheelKey &key); // a new one, not written
 
     Wheel wheel;
     QString root = "."; // stands for the root folder of the head unit

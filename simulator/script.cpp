@@ -3,17 +3,19 @@
 #include <QByteArray>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QMap>
 #include <QRegExp>
+#include <QString>
 #include <QStringList>
 #include <QTextStream>
 #include <QThread>
-#include <QVector>
 
 #include <unistd.h>
 
 namespace {
 
 constexpr int longestLine = 1000;
+const QMap<QString, int> defaultTimes = { { "press", 400 }, { "decode", 0 }, { "flag", 5000 } };
 
 // A held key goes on writing in the meantime.
 void wait(Driver *driver, int duration)
@@ -21,14 +23,6 @@ void wait(Driver *driver, int duration)
     QElapsedTimer elapsed;
     for (elapsed.start(); elapsed.elapsed() < duration; driver->writeNext())
         QThread::msleep(static_cast<unsigned long>(driver->period));
-}
-
-void press(Driver *driver, const WheelKey &key, int duration)
-{
-    driver->hold(key);
-    wait(driver, duration);
-    driver->release();
-    wait(driver, driver->period); // the release stays as long as any reading
 }
 
 QString expectFlag(Driver *driver, const QString &flag, int limit)
@@ -41,37 +35,42 @@ QString expectFlag(Driver *driver, const QString &flag, int limit)
     return QString();
 }
 
-QString expectDecoded(Driver *driver, const QVector<WheelKey> &keys, QTextStream *output)
+// The key of that name, or each for "all". With an output they are expected to be decoded as
+// themselves.
+QString pressKeys(Driver *driver, const QString &name, int duration, QTextStream *output)
 {
+    QString fault = "there is no key " + name;
     QStringList wrong;
-    for (const WheelKey &key : keys) {
-        const Decoded decoded = driver->decodePress(key);
-        *output << decoded.text << endl;
-        if (decoded.code != key.code)
+    for (const WheelKey &key : driver->wheel.keys) {
+        if (key.name != name && name != "all")
+            continue;
+        driver->hold(key);
+        wait(driver, duration);
+        const Decoded decoded = driver->decodeHeld();
+        driver->release();
+        wait(driver, driver->period); // the release stays as long as any reading
+        fault = driver->fault;
+        if (output)
+            *output << decoded.text << endl;
+        if (output && decoded.code != key.code)
             wrong.append(key.name);
     }
-    return wrong.isEmpty() ? QString() : "not decoded as itself: " + wrong.join(", ");
+    return wrong.isEmpty() ? fault : "not decoded as itself: " + wrong.join(", ");
 }
 
 // Gives what is wrong with the line or not as it expects, else nothing.
 QString execute(const QString &line, Driver *driver, QTextStream *output)
 {
-    QRegExp form("(press|flag|decode(?! \\S+ )) (\\S+)(?: (\\d{1,6})ms)?");
+    QRegExp form("(press|flag|decode) (\\S+)(?: (\\d{1,6})ms)?");
     if (line.isEmpty() || line.startsWith('#'))
         return QString();
     if (!form.exactMatch(line))
-        return '"' + line + "\" is none of press KEY [TIME], flag TEXT [TIME] and decode KEY";
-    const QString command = form.cap(1), word = form.cap(2), time = form.cap(3);
+        return '"' + line + "\" is none of press KEY [TIME], decode KEY [TIME], flag TEXT [TIME]";
+    const QString command = form.cap(1), word = form.cap(2);
+    const int time = form.cap(3).isEmpty() ? defaultTimes.value(command) : form.cap(3).toInt();
     if (command == "flag")
-        return expectFlag(driver, word, time.isEmpty() ? 5000 : time.toInt());
-    const QVector<WheelKey> keys = driver->wheel.find(word);
-    if (keys.isEmpty())
-        return QString(R"(the wheel has no key "%1")").arg(word);
-    if (command == "decode")
-        return expectDecoded(driver, keys, output);
-    for (const WheelKey &key : keys)
-        press(driver, key, time.isEmpty() ? 400 : time.toInt());
-    return driver->fault;
+        return expectFlag(driver, word, time);
+    return pressKeys(driver, word, time, command == "decode" ? output : nullptr);
 }
 
 } // namespace

@@ -15,12 +15,12 @@ constexpr int rowHeight = 2; // of spacing / noise
 
 struct Row
 {
-    int itself, another, none; // presses decoded as that
+    double itself, another, none; // presses decoded as that
     quint32 failure; // the seed of a wheel, 0 where all were decoded as themselves
 };
 
-// The keys of a line stand on one channel, the first two as close as the spacing, which is wide
-// enough for the program not to refuse a key. A second channel is tighter, the third is idle.
+// The keys of a line stand on one channel, the lowest at the spacing, which is wide enough for the
+// program not to refuse a key. A second channel is tighter, the third is idle.
 Wheel randomWheel(double spacingToNoise, Chance *chance)
 {
     Wheel wheel;
@@ -30,23 +30,23 @@ Wheel randomWheel(double spacingToNoise, Chance *chance)
     wheel.bounce = between(0, 4 * wheel.noise, chance);
     for (const int line : { 2, 3 }) {
         const int channel = static_cast<int>(between(0, 3, chance));
-        const int count = static_cast<int>(between(2, 12, chance));
+        const double end = between(400, 2000, chance);
         double place = spacing;
-        for (int i = 0; i < count; ++i) {
+        while (place < end) {
             WheelKey key;
-            key.code = 100 * line + i;
+            key.code = wheel.keys.size() + 1;
             key.name = QString("key%1").arg(key.code);
             key.contact = { { line, idleValue, idleValue, idleValue } };
             key.contact[1 + channel] = qRound(place);
             key.contact[1 + (channel + 1) % 3] = qRound(place / 3);
             wheel.keys.append(key);
-            place += i == 0 ? spacing : between(spacing, 2 * spacing, chance);
+            place += between(spacing, 2 * spacing, chance);
         }
     }
     return wheel;
 }
 
-QMap<int, QString> learn(const Wheel &wheel, Chance *chance)
+QByteArray learn(const Wheel &wheel, Chance *chance)
 {
     QMap<int, QString> learned;
     for (const WheelKey &key : wheel.keys) {
@@ -58,7 +58,7 @@ QMap<int, QString> learn(const Wheel &wheel, Chance *chance)
         }
         learned.insert(key.code, learnedRecordFrom(samples));
     }
-    return learned;
+    return configurationText(learned, selectChannel(learned, 2), selectChannel(learned, 3));
 }
 
 void surveyWheel(quint32 seed, bool isAlone, QMap<int, Row> *rows)
@@ -66,12 +66,12 @@ void surveyWheel(quint32 seed, bool isAlone, QMap<int, Row> *rows)
     Chance chance(seed);
     const double spacingToNoise = between(1, 30, &chance);
     const Wheel wheel = randomWheel(spacingToNoise, &chance);
-    const QMap<int, QString> learned = learn(wheel, &chance);
-    const QByteArray configuration =
-        configurationText(learned, selectChannel(learned, 2), selectChannel(learned, 3));
+    const QByteArray configuration = learn(wheel, &chance);
     Row &row = (*rows)[static_cast<int>(spacingToNoise) / rowHeight * rowHeight];
     for (const WheelKey &key : wheel.keys) {
-        const Decoded press = decode(settledPress(wheel, key, &chance), key, wheel, configuration);
+        const double drift = between(-wheel.drift, wheel.drift, &chance);
+        const Measurement settled = measure(wheel, key, drift, readingsOfLearning, &chance);
+        const Decoded press = decode(settled, key, wheel, configuration);
         ++(press.code == key.code ? row.itself : press.code == 0 ? row.none : row.another);
         if (press.code != key.code)
             row.failure = seed;

@@ -12,11 +12,8 @@
 
 namespace {
 
-constexpr int settledNumber = 16; // each reading bounces half as much
-
-constexpr char keyNeeds[] =
-    R"(key %1 needs a "name" of its own, one word, neither all nor none, a "code" above 0, a )"
-    R"("line", 2 or 3, and as "adc" three whole numbers from 0 to 4094)";
+constexpr char keyNeeds[] = R"(key %1, "%2", needs a "name", one word, a "code" above 0, )"
+                            R"("line", 2 or 3, and "adc", three whole numbers from 0 to 4094)";
 
 WheelKey keyFrom(const QJsonObject &object)
 {
@@ -33,8 +30,9 @@ WheelKey keyFrom(const QJsonObject &object)
 bool isGood(const WheelKey &key)
 {
     const auto values = std::minmax({ key.contact[1], key.contact[2], key.contact[3] });
-    return QRegExp("(?!(all|none)$)\\S+").exactMatch(key.name) && key.code > 0
-        && key.contact[0] / 2 == 1 && values.first >= 0 && values.second <= idleValue;
+    return QRegExp("\\S+").exactMatch(key.name) && key.code > 0
+        && (key.contact[0] == 2 || key.contact[0] == 3) && values.first >= 0
+        && values.second <= idleValue;
 }
 
 } // namespace
@@ -55,21 +53,11 @@ QString parseWheel(const QByteArray &text, Wheel *wheel)
         return R"(a wheel needs "noise", "drift" and "bounce", numbers from 0 to 4095)";
     for (const QJsonValue element : object.value("keys").toArray()) {
         const WheelKey key = keyFrom(element.toObject());
-        if (!isGood(key) || !wheel->find(key.name).isEmpty())
-            return QString(keyNeeds).arg(wheel->keys.size() + 1);
+        if (!isGood(key))
+            return QString(keyNeeds).arg(wheel->keys.size() + 1).arg(key.name);
         wheel->keys.append(key);
     }
     return wheel->keys.isEmpty() ? R"(a wheel needs "keys")" : QString();
-}
-
-QVector<WheelKey> Wheel::find(const QString &name) const
-{
-    QVector<WheelKey> found;
-    for (const WheelKey &key : keys) {
-        if (key.name == name || name == "all")
-            found.append(key);
-    }
-    return found;
 }
 
 QString Wheel::functionName(int code) const
@@ -78,7 +66,7 @@ QString Wheel::functionName(int code) const
         if (key.code == code)
             return key.name;
     }
-    return code == 0 ? "none" : QString::number(code);
+    return QString::number(code);
 }
 
 double between(double from, double to, Chance *chance)
@@ -98,10 +86,4 @@ Measurement measure(const Wheel &wheel, const WheelKey &key, double drift, int n
             measurement[channel] = qBound(0, qRound(value), idleValue);
     }
     return measurement;
-}
-
-Measurement settledPress(const Wheel &wheel, const WheelKey &key, Chance *chance)
-{
-    const double drift = between(-wheel.drift, wheel.drift, chance);
-    return measure(wheel, key, drift, settledNumber, chance);
 }

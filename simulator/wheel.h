@@ -28,8 +28,7 @@ struct Wheel
     double bounce = 0; // the first value of a press is up to this much too high, the next by half
     QVector<WheelKey> keys;
 
-    QVector<WheelKey> find(const QString &name) const; // every key for "all"
-    QString functionName(int code) const; // "none" for 0
+    QString functionName(int code) const; // a key's name, or else the code itself
 };
 
 // Gives what is wrong, else nothing.
@@ -38,9 +37,6 @@ QString parseWheel(const QByteArray &text, Wheel *wheel);
 using Chance = std::mt19937;
 double between(double from, double to, Chance *chance);
 
-// The reading of that number, from 0, in a press that is off by `drift`.
+// The reading of that number, from 0, in a press that is off by `drift`. Each bounces half as much.
 Measurement measure(const Wheel &wheel, const WheelKey &key, double drift, int number,
                     Chance *chance);
-
-// A reading of a new press, once the contact has stopped bouncing.
-Measurement settledPress(const Wheel &wheel, const WheelKey &key, Chance *chance);

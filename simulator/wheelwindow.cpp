@@ -129,16 +129,19 @@ protected:
         painter.scale(qreal(width()) / wheelSide, qreal(width()) / wheelSide);
         painter.drawPixmap(0, 0, QPixmap(":/wheel.png"));
         const Decoded decoded = driver->decodeHeld();
-        drawDisplay(&painter, decoded);
+        const auto flag = flagTexts.value(driver->flag(), { "NO FLAG", yellow });
+        const bool isWrong = !decoded.text.isEmpty() && decoded.code != driver->held->code;
+        QStringList lines = { flag.first, driver->reading, driver->fault, decoded.text };
+        if (!outcome.isEmpty())
+            lines[0] = outcome + "\nClick or Space starts again";
+        lines.removeAll(QString());
+        drawBox(&painter, display, dark.darker(), isWrong ? yellow : flag.second, 15,
+                lines.join('\n'));
         for (int i = 0; i < pads.size(); ++i) {
             const WheelKey &key = driver->wheel.keys.at(i);
-            const bool lit = key.code == decoded.code;
-            const bool held = &key == driver->held;
-            drawBox(&painter, pads.at(i),
-                    lit        ? green
-                        : held ? blue
-                               : gray.darker(),
-                    lit || held ? dark : Qt::white, 10, key.label);
+            const bool isLit = key.code == decoded.code;
+            const QColor face = isLit ? green : &key == driver->held ? blue : gray.darker();
+            drawBox(&painter, pads.at(i), face, Qt::white, 10, key.label);
         }
     }
 
@@ -150,19 +153,6 @@ private:
             return;
         outcome.clear();
         program.start(command.first(), command.mid(1));
-    }
-
-    // The driver's files and how the program has ended, on the instrument cluster.
-    void drawDisplay(QPainter *painter, const Decoded &decoded) const
-    {
-        const auto flag = flagTexts.value(driver->flag(), { "NO FLAG", yellow });
-        const bool isWrong = !decoded.text.isEmpty() && decoded.code != driver->held->code;
-        QStringList lines = { flag.first, driver->reading, driver->fault, decoded.text };
-        if (!outcome.isEmpty())
-            lines[0] = outcome + "\nClick here or press a key to start again";
-        lines.removeAll(QString());
-        drawBox(painter, display, dark.darker(), isWrong ? yellow : flag.second, 15,
-                lines.join('\n'));
     }
 
     // The window's manager gives it its frame some time after it is shown.
