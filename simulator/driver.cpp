@@ -31,8 +31,8 @@ Decoded decode(const Measurement &measurement, const WheelKey &key, const Wheel 
         nearest = distance;
         code = learned.value("direction_event").toInt();
         function = wheel.functionName(code);
-        reason = function
-            + QString(" has %1 on channel %2, interval %3").arg(value).arg(road).arg(interval);
+        const QString text = "within %1 of %2's %3 on channel %4";
+        reason = text.arg(interval).arg(function).arg(value).arg(road);
     }
     return { code, QString("%1 is decoded as %2: %3").arg(key.name, function, reason) };
 }

@@ -13,10 +13,12 @@ namespace {
 constexpr int readingsOfLearning = 8;
 constexpr int rowHeight = 2; // of spacing / noise
 
+// The presses decoded as the key itself, as another and as none, and the seed of a wheel that
+// failed.
 struct Row
 {
-    double itself, another, none; // presses decoded as that
-    quint32 failure; // the seed of a wheel, 0 where all were decoded as themselves
+    double itself, another, none;
+    quint32 failure;
 };
 
 // The keys of a line stand on one channel, the lowest at the spacing, which is wide enough for the
@@ -31,34 +33,18 @@ Wheel randomWheel(double spacingToNoise, Chance *chance)
     for (const int line : { 2, 3 }) {
         const int channel = static_cast<int>(between(0, 3, chance));
         const double end = between(400, 2000, chance);
-        double place = spacing;
-        while (place < end) {
+        for (int place = qRound(spacing); place < end;) {
             WheelKey key;
             key.code = wheel.keys.size() + 1;
             key.name = QString("key%1").arg(key.code);
             key.contact = { { line, idleValue, idleValue, idleValue } };
-            key.contact[1 + channel] = qRound(place);
-            key.contact[1 + (channel + 1) % 3] = qRound(place / 3);
+            key.contact[1 + channel] = place;
+            key.contact[1 + (channel + 1) % 3] = place / 3;
             wheel.keys.append(key);
-            place += between(spacing, 2 * spacing, chance);
+            place += qRound(between(spacing, 2 * spacing, chance));
         }
     }
     return wheel;
-}
-
-QByteArray learn(const Wheel &wheel, Chance *chance)
-{
-    QMap<int, QString> learned;
-    for (const WheelKey &key : wheel.keys) {
-        const double drift = between(-wheel.drift, wheel.drift, chance);
-        QMap<int, QString> samples;
-        for (int i = 0; i < readingsOfLearning; ++i) {
-            const QString payload = payloadOf(measure(wheel, key, drift, i, chance));
-            samples.insert(i, sampleRecord(key.code, payload));
-        }
-        learned.insert(key.code, learnedRecordFrom(samples));
-    }
-    return configurationText(learned, selectChannel(learned, 2), selectChannel(learned, 3));
 }
 
 void surveyWheel(quint32 seed, bool isAlone, QMap<int, Row> *rows)
@@ -66,11 +52,22 @@ void surveyWheel(quint32 seed, bool isAlone, QMap<int, Row> *rows)
     Chance chance(seed);
     const double spacingToNoise = between(1, 30, &chance);
     const Wheel wheel = randomWheel(spacingToNoise, &chance);
-    const QByteArray configuration = learn(wheel, &chance);
+    const auto drift = [&] { return between(-wheel.drift, wheel.drift, &chance); };
+    QMap<int, QString> learned;
+    for (const WheelKey &key : wheel.keys) {
+        const double press = drift();
+        QMap<int, QString> samples;
+        for (int i = 0; i < readingsOfLearning; ++i) {
+            const Measurement reading = measure(wheel, key, press, i, &chance);
+            samples.insert(i, sampleRecord(key.code, payloadOf(reading)));
+        }
+        learned.insert(key.code, learnedRecordFrom(samples));
+    }
+    const QByteArray configuration =
+        configurationText(learned, selectChannel(learned, 2), selectChannel(learned, 3));
     Row &row = (*rows)[static_cast<int>(spacingToNoise) / rowHeight * rowHeight];
     for (const WheelKey &key : wheel.keys) {
-        const double drift = between(-wheel.drift, wheel.drift, &chance);
-        const Measurement settled = measure(wheel, key, drift, readingsOfLearning, &chance);
+        const Measurement settled = measure(wheel, key, drift(), readingsOfLearning, &chance);
         const Decoded press = decode(settled, key, wheel, configuration);
         ++(press.code == key.code ? row.itself : press.code == 0 ? row.none : row.another);
         if (press.code != key.code)
@@ -100,5 +97,4 @@ int main(int argc, char **argv)
                     row->itself / percent, row->another / percent, row->none / percent,
                     row->failure);
     }
-    return 0;
 }
