@@ -28,6 +28,8 @@
 #include <QVector>
 #include <QWidget>
 
+#include <utility>
+
 namespace {
 
 // In a square of wheelSide, as img/svg/wheel.svg is drawn.
@@ -68,8 +70,8 @@ class WheelWindow : public QWidget
 {
 public:
     // The keys of line 2 are on the left, column by column from the hub to the rim.
-    WheelWindow(Driver *driver, const QSize &headUnit, const QStringList &command)
-        : driver(driver), headUnit(headUnit), command(command)
+    WheelWindow(Driver *driver, const QSize &headUnit, QStringList command)
+        : driver(driver), headUnit(headUnit), command(std::move(command))
     {
         int placed[] = { 0, 0, 0, 0 };
         for (const WheelKey &key : driver->wheel.keys) {
