@@ -77,7 +77,7 @@ public:
         for (const WheelKey &key : driver->wheel.keys) {
             const int place = placed[key.contact[0]]++, column = place / 4 * 43;
             const int x = key.contact[0] == 2 ? 135 - column : 306 + column;
-            pads.append(QRect(x, 180 + place % 4 * 34, 39, 30));
+            pads.append(QRect(x, 178 + place % 4 * 34, 39, 30));
         }
         setWindowTitle("Steering wheel");
         setFixedSize(wheelSide, wheelSide);
