@@ -5,15 +5,10 @@
 #include <QByteArray>
 #include <QProcess>
 
-bool hasFailed(const QProcess &program)
-{
-    return program.error() != QProcess::UnknownError || program.exitCode() != 0;
-}
-
 QString outcomeOf(const QProcess &program, const Driver &driver)
 {
     const QString logPath = program.workingDirectory() + "/log.txt";
-    if (hasFailed(program))
+    if (program.exitCode() != 0) // also of one that was killed or did not start
         return program.program() + " failed, its log is " + logPath;
     // In the program's own spelling. The last tap has ended it.
     const QByteArray log = readFile(logPath);

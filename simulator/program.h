@@ -5,8 +5,6 @@
 class Driver;
 class QProcess;
 
-bool hasFailed(const QProcess &program);
-
 // How the head unit's program has ended: its failure, or what the tap on save or No did that ended
 // it. Its log is in its working folder.
 QString outcomeOf(const QProcess &program, const Driver &driver);

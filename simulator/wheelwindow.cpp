@@ -104,8 +104,8 @@ protected:
             return;
         outcome = outcomeOf(program, *driver);
         activateWindow(); // for the key that starts it again
-        QTextStream(hasFailed(program) ? stderr : stdout) << outcome << endl;
-        if (hasFailed(program))
+        QTextStream(program.exitCode() == 0 ? stdout : stderr) << outcome << endl;
+        if (program.exitCode() != 0)
             QApplication::exit(1);
     }
 

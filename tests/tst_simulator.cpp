@@ -42,6 +42,7 @@ class TestSimulator : public QObject
             return answer;
         driver.wheel.noise = driver.wheel.drift = driver.wheel.bounce = 0;
         driver.way = static_cast<Way>(wayNames().indexOf(fields[0]));
+        put("swc_flags", fields.value(4, "0").toUtf8());
         put("script", fields[3].toUtf8().replace(';', '\n'));
         QFile reader("swc_keys");
         reader.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
@@ -54,11 +55,11 @@ class TestSimulator : public QObject
             .arg(reader.read(1) == "1" ? "the same" : "another", QString(readFile("swc_keys")));
     }
 
-    QString program(const QString &lines) const
+    QString program(const QString &command) const
     {
         QProcess program;
         program.setWorkingDirectory(driver.root);
-        program.start("sh", { "-c", lines });
+        program.start(command.section(' ', 0, 0), { "-c", command.section(' ', 1) });
         program.waitForFinished();
         return outcomeOf(program, driver);
     }
@@ -92,7 +93,6 @@ private slots:
         QVERIFY(QDir().mkpath(root.path() + "/media/flash/nvm"));
         QVERIFY(QDir::setCurrent(root.path() + "/media/flash/nvm"));
         put("direction.json", readFile(QFINDTESTDATA("story.json")).replace("165", "600"));
-        put("swc_flags", "0");
         put("swc_keys", "++++++++++++++++++++");
         QFETCH(QString, expected);
         const QString row = QTest::currentDataTag(), input = row.section(' ', 1);
