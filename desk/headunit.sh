@@ -9,14 +9,10 @@ prepare_head_unit() {
     DESTDIR=$(realpath "$1") cmake --install "$2" >/dev/null
 }
 
+# With the language $language: 1 is Chinese.
 prepare_platform() {
     mkdir -p "$1/$nvm/Corvane"
     : >"$1/$nvm/swc_keys"
     printf 0 >"$1/$nvm/swc_flags"
-    [ -e "$1/$nvm/Corvane/UserData.ini" ] || set_language "$1" 0
-}
-
-# set_language FOLDER INDEX: 1 is Chinese.
-set_language() {
-    printf 'SystemLanguageId=%s\n' "$2" >"$1/$nvm/Corvane/UserData.ini"
+    printf 'SystemLanguageId=%s\n' "${language-0}" >"$1/$nvm/Corvane/UserData.ini"
 }

@@ -2,16 +2,16 @@
 
 build_packages=(g++ cmake make ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools)
 screen_packages=(xvfb openbox xdotool imagemagick fonts-droid-fallback fonts-dejavu-core)
-unit_packages=(dpkg-dev file lintian systemd) # to package the program and check the package
-arm_packages=(g++-arm-linux-gnueabihf qemu-user)
-emulator_packages=(qemu-system-arm e2fsprogs cpio kmod) # a whole unit
-check_packages=(clang-format clang-tidy librsvg2-bin optipng)
-robustness_packages=(clang-14 libclang-rt-14-dev strace valgrind)
 bench_packages=(strace valgrind)
+robustness_packages=("${bench_packages[@]}" clang-14 libclang-rt-14-dev)
+unit_packages=(dpkg-dev file lintian systemd) # to package the program and check the package
+check_packages=("${robustness_packages[@]}" "${unit_packages[@]}" clang-format clang-tidy librsvg2-bin optipng)
+arm_packages=("${unit_packages[@]}" g++-arm-linux-gnueabihf qemu-user)
+emulator_packages=("${arm_packages[@]}" qemu-system-arm e2fsprogs cpio kmod) # a whole unit
 
 # Installs what is missing; one message and the end of the command where that fails.
 require_packages() {
-    local missing=() as_root=() log
+    local missing=() as_root=() output
     for package in "$@"; do
         [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] ||
             missing+=("$package")
@@ -26,14 +26,13 @@ require_packages() {
         }
     fi
     echo "Installing ${missing[*]}"
-    log=$(mktemp)
-    "${as_root[@]}" apt-get update -q >"$log" 2>&1 || true # an old index may still do
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -q \
-        --no-install-recommends "${missing[@]}" >>"$log" 2>&1 || {
-        echo "Can't install ${missing[*]}: $(tail -n 1 "$log")" >&2
+    # An old index may still do.
+    output=$("${as_root[@]}" sh -c 'apt-get update -q
+        DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends "$@"' \
+        sh "${missing[@]}" 2>&1) || {
+        echo "Can't install ${missing[*]}: $(tail -n 1 <<<"$output")" >&2
         exit 1
     }
-    rm -f "$log"
 }
 
 # one_at_a_time ARGUMENT...: starts the command again as the only one of its folder; two at once would

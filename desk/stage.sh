@@ -1,17 +1,26 @@
 # Sourced: what every stage of the story shares. A stage is a place where the program can be used as a
 # person uses it; its file adds the hands and eyes:
 #
-#   open_stage WIDTH HEIGHT   the screen, the head unit's files and the driver's stand-in
+#   open_stage WIDTH HEIGHT   the screen, the head unit's files in the language $language, and the
+#                             driver's stand-in
 #   start_program             again or for the first time, until its window shows
 #   program_ended             waits for that, and gives the exit code
 #   touch_screen X Y          one tap
-#   pixel X Y                 its colour as #RRGGBB
+#   pixel X Y                 its colour as RRGGBB
 #   screenshot FILE           as PNG
 #   content NAME              of a file that the program shares with the driver
 #
+# and for a person with a display:
+#
+#   open_window WIDTH HEIGHT  the screen, where the mouse is the finger; $start is the command that starts
+#                             the program for the wheel, and $unit the folder that both work in
+#   window_packages           what that needs
+#
 # It needs $project, the project's folder.
 
+. "$project/desk/headunit.sh"
 at_exit_commands=()
+declare -A colours=([gray]=505050 [blue]=0000FF [green]=008000)
 
 # at_exit COMMAND: run it when the shell ends, the last one first, whatever became of the others.
 at_exit() {
@@ -30,6 +39,10 @@ await() {
         fi
         sleep 0.05
     done
+}
+
+not() {
+    ! "$@"
 }
 
 milliseconds() {
@@ -74,14 +87,9 @@ tap() {
 
 # is_colour NAME COLOUR: the button's background, taken below its symbol, as a person sees it.
 is_colour() {
-    local x y hex
+    local x y
     read -r x y <<<"$(place "$1")"
-    case $2 in
-    gray) hex='#505050' ;;
-    blue) hex='#0000FF' ;;
-    green) hex='#008000' ;;
-    esac
-    [ "$(pixel "$x" $((y + rim)))" = "$hex" ]
+    [ "$(pixel "$x" $((y + rim)))" = ${colours[$2]} ]
 }
 
 await_colour() {
@@ -90,15 +98,11 @@ await_colour() {
 
 # The notice is a white box, 160 x 80, 10 pixels above the bottom.
 notice_shows() {
-    [ "$(pixel $((width / 2 - 72)) $((height - 50)))" = '#FFFFFF' ]
-}
-
-no_notice_shows() {
-    ! notice_shows
+    [ "$(pixel $((width / 2 - 72)) $((height - 50)))" = FFFFFF ]
 }
 
 question_shows() {
-    [ "$(pixel $((width / 2 - 100)) $((height / 2 - 60)))" = '#282828' ]
+    [ "$(pixel $((width / 2 - 100)) $((height / 2 - 60)))" = 282828 ]
 }
 
 # answer yes|no: to the question that opens.
@@ -107,18 +111,26 @@ answer() {
     tap "$1"
 }
 
-# driver COMMAND...: to the stand-in, which reads them from $commands and answers on $replies; ends
-# the shell where it does not say ok.
-driver() {
-    local reply
-    echo "$*" >&"$commands"
-    while read -r -t 30 reply <&"$replies"; do
-        reply=${reply%$'\r'}
-        [ "$reply" != ok ] || return 0
-        echo "$reply"
+# ask TO FROM REQUEST: over two open files; prints the answer up to "ok", or "done" and an exit code,
+# and ends the shell where neither comes.
+ask() {
+    local answer
+    echo "$3" >&"$1"
+    while read -r -t 30 answer <&"$2"; do
+        answer=${answer%$'\r'}
+        case $answer in
+        ok) return ;;
+        'done '*) return "${answer#done }" ;;
+        *) echo "$answer" ;;
+        esac
     done
-    echo "The driver's stand-in failed at: $*" >&2
+    echo "No ok to: $3" >&2
     exit 1
+}
+
+# driver COMMAND...: to the stand-in, which reads $commands and answers on $replies.
+driver() {
+    ask "$commands" "$replies" "$*"
 }
 
 # teach KEY [WHEEL_KEY]: the key of the screen, by the wheel's key of that or the same name.

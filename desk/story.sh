@@ -45,13 +45,14 @@ learn_the_first_key() {
     await_colour home green
     await 5 "the notice" notice_shows
     moment success
-    await 5 "the notice to go" no_notice_shows
+    await 5 "the notice to go" not notice_shows
 }
 
 # The other key is taught last below: by then this selection has timed out and can't end the next one.
 press_it_for_another_key() {
     tap playpause
     await_colour playpause blue
+    moment learning
     driver press home 250ms
     await 5 "the notice" notice_shows
     expect "no key is learned twice" is_colour playpause gray

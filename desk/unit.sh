@@ -1,44 +1,55 @@
-# Sourced after stage.sh: the stage on a whole head unit, emulated: kernel, frame buffer, touch panel and
-# plug. A run has its files in the folder $run.
+# Sourced: the stage on a whole head unit, emulated: kernel, frame buffer, touch panel and plug. A run has
+# its files in the folder $run.
 
+. "$project/desk/stage.sh"
 PATH+=:/usr/sbin:/sbin # the file system's tools, which a user's PATH leaves out
 
+window_packages=(qemu-system-gui)
 panel=penmount3000 # several fingers; touchit213: one; mouse: the pointer in the window
-language=0
 window=none # the emulator's display
 images=$project/build/unit
-starts=0
 touches=0
 machine=
+declare -A to from # the emulator's lines
 
 open_stage() {
-    command -v qemu-system-arm >/dev/null || {
-        echo "There is no qemu-system-arm: install Debian's package of that name" >&2
-        exit 1
-    }
     lay_out "$1" "$2"
     "$project/desk/make-unit"
+    run=$(mktemp -d)
+    at_exit "rm -rf '$run'"
     make_flash
     at_exit pull_the_plug
     plug_in
 }
 
+# The program's files come to the wheel's folder and stay there.
+open_window() {
+    window=sdl panel=mouse
+    export SDL_MOUSE_FOCUS_CLICKTHROUGH=1 # the click that comes from the wheel's window counts
+    open_stage "$1" "$2"
+    unit=$images/wheel
+    start=("$project/desk/relay" "$run")
+    rm -rf "$unit"
+    prepare_platform "$unit"
+}
+
 make_flash() {
-    local files=$run/flash
-    mkdir -p "$files/nvm/Corvane"
-    printf 'SystemLanguageId=%s\n' "$language" >"$files/nvm/Corvane/UserData.ini"
-    mke2fs -q -t ext4 -L flash -d "$files" "$run/flash.img" 16M >/dev/null
+    prepare_platform "$run"
+    mke2fs -q -t ext4 -L flash -d "$run/media/flash" "$run/flash.img" 16M >/dev/null
 }
 
 # plug_in OPTION...: of the emulator.
 plug_in() {
-    local line
-    for line in panel driver shell monitor; do
+    local line lines=()
+    for line in monitor panel driver shell; do
         rm -f "$run/$line".{in,out}
         mkfifo "$run/$line".{in,out}
+        exec {to[$line]}<>"$run/$line.in" {from[$line]}<>"$run/$line.out"
+        lines+=(-chardev "pipe,id=$line,path=$run/$line")
+        [ $line = monitor ] || lines+=(-device "pci-serial,chardev=$line")
     done
+    commands=${to[driver]} replies=${from[driver]}
     : >"$run/console.txt"
-    starts=0
     # With more the kernel's PCI and the screen fail.
     qemu-system-arm -M virt,highmem=off -global virtio-mmio.force-legacy=false -cpu cortex-a15 -m 256 \
         -nodefaults -no-user-config -no-reboot -name "Head unit" -display "$window" \
@@ -48,16 +59,10 @@ plug_in() {
         -drive "if=none,id=root,file=$images/root.img,format=raw,readonly=on" \
         -device virtio-blk-device,drive=root \
         -drive "if=none,id=flash,file=$run/flash.img,format=raw,cache=writethrough" \
-        -device virtio-blk-device,drive=flash \
-        -chardev "pipe,id=panel,path=$run/panel" -device pci-serial,chardev=panel \
-        -chardev "pipe,id=driver,path=$run/driver" -device pci-serial,chardev=driver \
-        -chardev "pipe,id=shell,path=$run/shell" -device pci-serial,chardev=shell \
-        -chardev "pipe,id=monitor,path=$run/monitor" -mon chardev=monitor,mode=control \
-        -serial "file:$run/console.txt" "$@" 2>"$run/emulator.txt" &
+        -device virtio-blk-device,drive=flash "${lines[@]}" -mon chardev=monitor,mode=control \
+        -chardev "file,id=console,path=$run/console.txt,append=on" -serial chardev:console \
+        "$@" 2>"$run/emulator.txt" &
     machine=$!
-    exec {panel_line}<>"$run/panel.in" {commands}<>"$run/driver.in" {replies}<>"$run/driver.out" \
-        {shell_in}<>"$run/shell.in" {shell_out}<>"$run/shell.out" \
-        {monitor_in}<>"$run/monitor.in" {monitor_out}<>"$run/monitor.out"
     monitor qmp_capabilities >/dev/null
 }
 
@@ -68,7 +73,7 @@ pull_the_plug() {
     kill -KILL "$machine"
     wait "$machine" 2>/dev/null || true
     machine=
-    for line in $panel_line $commands $replies $shell_in $shell_out $monitor_in $monitor_out; do
+    for line in "${to[@]}" "${from[@]}"; do
         exec {line}>&-
     done
 }
@@ -76,8 +81,8 @@ pull_the_plug() {
 # monitor COMMAND [ARGUMENTS]: of the emulator, in JSON; prints what it returns.
 monitor() {
     local reply
-    echo '{"execute":"'"$1"'"'"${2:+,\"arguments\":{$2\}}"'}' >&$monitor_in
-    while read -r -t 20 reply <&$monitor_out; do
+    echo '{"execute":"'"$1"'"'"${2:+,\"arguments\":{$2\}}"'}' >&"${to[monitor]}"
+    while read -r -t 20 reply <&"${from[monitor]}"; do
         case $reply in
         *'"return"'*) echo "$reply" && return ;;
         *'"error"'*) break ;;
@@ -87,29 +92,33 @@ monitor() {
     exit 1
 }
 
-# The window of the last start stays on the screen until something else is shown.
 start_program() {
-    if [ $((++starts)) -gt 1 ]; then
+    if said end; then
+        # The last window stays on the screen until something else is shown.
         inside 'cat /dev/zero >/dev/fb0 2>/dev/null' || true
-        await 5 "the empty screen" screen_is_empty
-        inside '(setsid /etc/unit/program &)'
+        await 5 "the empty screen" not is_colour save gray
     fi
-    await 60 "the emulated unit to start the program" said start
+    launch
     await 30 "the program's window" is_colour save gray
 }
 
-screen_is_empty() {
-    ! is_colour save gray
+# After a boot the unit does so itself.
+launch() {
+    if said end; then
+        : >"$run/console.txt"
+        inside '(setsid /etc/unit/program &)'
+    fi
+    await 60 "the emulated unit to start the program" said start
 }
 
-# said start|end: on the console, as often as the program was started.
+# said start|end: on the console, since the program was started last.
 said() {
-    [ "$(grep -cF "[unit] $1" "$run/console.txt")" -ge "$starts" ]
+    grep -qF "[unit] $1" "$run/console.txt"
 }
 
 program_ended() {
     await 20 "the program to end" said end
-    return "$(tr -d '\r' <"$run/console.txt" | sed -n 's/^.*\[unit\] end //p' | tail -n 1)"
+    return "$(sed -n 's/^.*\[unit\] end \([0-9]*\).*/\1/p' "$run/console.txt")"
 }
 
 # No finger lands on the same line twice. The kernel tells only what has changed, so a program that
@@ -132,16 +141,12 @@ finger() {
         [ "$1" = up ] || bytes[0]=112
         bytes+=($((255 - (bytes[0] + bytes[1] + bytes[2] + bytes[3] + bytes[4]) % 256)))
     fi
-    printf '%b' "$(printf '\\x%02x' "${bytes[@]}")" >&$panel_line
+    printf '%b' "$(printf '\\x%02x' "${bytes[@]}")" >&"${to[panel]}"
 }
 
-# Behind the head of the picture, which says its size and depth.
 pixel() {
-    local head
-    head=$(printf 'P6\n%d %d\n255\n.' "$width" "$height")
-    monitor screendump "\"filename\":\"$run/screen.ppm\"" >/dev/null
-    od -An -v -tx1 -j $((${#head} - 1 + 3 * ($2 * width + $1))) -N 3 "$run/screen.ppm" |
-        tr -d ' \n' | sed 's/.*/#\U&/'
+    screenshot "$run/screen.png"
+    convert "$run/screen.png" -format "%[hex:p{$1,$2}]" info:
 }
 
 screenshot() {
@@ -154,17 +159,7 @@ content() {
 
 # inside COMMAND: its output and exit code, from the unit's own shell.
 inside() {
-    local reply
-    echo "$1; echo done \$?" >&$shell_in
-    while read -r -t 30 reply <&$shell_out; do
-        reply=${reply%$'\r'}
-        case $reply in
-        'done '*) return "${reply#done }" ;;
-        *) echo "$reply" ;;
-        esac
-    done
-    echo "The emulated unit's shell does not answer: $1" >&2
-    exit 1
+    ask "${to[shell]}" "${from[shell]}" "$1; echo done \$?"
 }
 
 # look_at_medium: what a unit would find that is plugged in again; on_medium NAME prints a file of it.
@@ -191,7 +186,6 @@ unfreeze() {
     plug_in -incoming "exec:cat '$run/frozen'"
     await 30 "the frozen unit" monitor_says query-status paused
     monitor cont >/dev/null
-    starts=1
 }
 
 monitor_says() {

@@ -1,7 +1,9 @@
-# Sourced after stage.sh and headunit.sh: the stage on an X server of this machine. The program and its catalogues are
-# those of the build folder $build, run by the command "${runner[@]}" if there is one, in the folder
-# $unit; $simulator is the driver's stand-in, with the options "${driver_options[@]}".
+# Sourced: the stage on an X server of this machine. The program and its catalogues are those of the build
+# folder $build, run by the command "${runner[@]}" if there is one, in the folder $unit; $simulator is
+# the driver's stand-in, with the options "${driver_options[@]}".
 
+. "$project/desk/stage.sh"
+window_packages=(xserver-xephyr)
 runner=()
 driver_options=()
 
@@ -11,17 +13,24 @@ open_stage() {
     start_driver
 }
 
-# start_screen WIDTH HEIGHT [SERVER]: sets DISPLAY; the screen goes when the shell ends.
+# What was learned there stays for the next time.
+open_window() {
+    local display=$DISPLAY
+    unit=$project/build/headunit
+    start_screen "$1" "$2" Xephyr
+    start=(env DISPLAY="$DISPLAY" application/bin/velmora)
+    DISPLAY=$display
+    prepare_head_unit "$unit" "$build"
+}
+
+# start_screen WIDTH HEIGHT [Xephyr]: sets DISPLAY; the screen goes when the shell ends.
 start_screen() {
-    local number ready
+    local server=(Xvfb -screen 0 "${1}x${2}x24") number ready
+    [ "${3-}" != Xephyr ] || server=(Xephyr -screen "${1}x${2}" -title "Head unit")
     lay_out "$1" "$2"
     number=$(mktemp) ready=$(mktemp -u)
-    case ${3:-Xvfb} in
-    Xvfb) Xvfb -displayfd 3 -screen 0 "${1}x${2}x24" -nolisten tcp 3>"$number" 2>/dev/null & ;;
-    Xephyr) Xephyr -displayfd 3 -screen "${1}x${2}" -title "Head unit" 3>"$number" 2>/dev/null & ;;
-    esac
-    screen=$!
-    at_exit "kill $screen"
+    "${server[@]}" -displayfd 3 3>"$number" 2>/dev/null &
+    at_exit "kill $!"
     await 10 "the X server" test -s "$number"
     DISPLAY=:$(cat "$number")
     export DISPLAY
@@ -45,12 +54,8 @@ start_program() {
 }
 
 program_ended() {
-    await 20 "the program to end" program_is_gone
+    await 20 "the program to end" not test -e "/proc/$program"
     wait "$program"
-}
-
-program_is_gone() {
-    ! kill -0 "$program" 2>/dev/null
 }
 
 touch_screen() {
@@ -58,7 +63,7 @@ touch_screen() {
 }
 
 pixel() {
-    import -window root -crop "1x1+$1+$2" -depth 8 txt:- | sed -n '2s/.*\(#[0-9A-F]*\).*/\1/p'
+    import -window root -crop "1x1+$1+$2" -depth 8 -format '%[hex:p{0,0}]' info:
 }
 
 screenshot() {

@@ -7,8 +7,7 @@ set -euo pipefail
 project=$(cd "$(dirname "$0")/.." && pwd)
 build=$1
 simulator=$2
-. "$project/desk/stage.sh"
-. "$project/desk/headunit.sh"
+language=$5
 . "$project/desk/x11.sh"
 . "$project/desk/story.sh"
 driver_options=(--exact --write "$6")
@@ -21,7 +20,6 @@ at_exit "rm -rf $unit $memory"
 at_exit "tail -n 5 $unit/log.txt >&2"
 ln -s "$memory" "$unit/media"
 open_stage "$3" "$4"
-set_language "$unit" "$5"
 tell_story "$unit/pictures"
 expect "the screen's size" grep -qx "x:$width, y:$height" "$unit/output.txt"
 diff "$project/tests/story.json" "$unit/pictures/direction.json"

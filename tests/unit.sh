@@ -4,9 +4,8 @@
 set -euo pipefail
 
 project=$(cd "$(dirname "$0")/.." && pwd)
-. "$project/desk/stage.sh"
-. "$project/desk/story.sh"
 . "$project/desk/unit.sh"
+. "$project/desk/story.sh"
 expected=$project/tests/story.json
 saved_keys=(home back mute)
 cuts=40
@@ -99,8 +98,6 @@ pull_during_save() {
     expect "some cuts come before the save, some after" [ $((seen[old] * seen[new])) -gt 0 ]
 }
 
-run=$(mktemp -d)
-at_exit "rm -rf '$run'"
 tell touchit213 1 1024 600
 kill_program
 pull_after_end
