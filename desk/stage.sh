@@ -63,33 +63,33 @@ key_names() {
     tr -d '\r' <"$project/img/btListInfo.txt" | awk '!/^#/ { print $1 }'
 }
 
-# place NAME: the centre of a key, of save and clear, or of the question's yes and no. Eight keys
-# are in a row; the question is 240 x 160 in the middle.
+# place NAME: sets x and y to the centre of a key, of save and clear, or of the question's yes and no. Eight
+# keys are in a row; the question is 240 x 160 in the middle.
 place() {
     local index
     case $1 in
-    save) echo $((width / 4)) $controls ;;
-    clear) echo $((width * 3 / 4)) $controls ;;
-    yes) echo $((width / 2 - 60)) $((height / 2 + 55)) ;;
-    no) echo $((width / 2 + 60)) $((height / 2 + 55)) ;;
+    save) x=$((width / 4)) y=$controls ;;
+    clear) x=$((width * 3 / 4)) y=$controls ;;
+    yes) x=$((width / 2 - 60)) y=$((height / 2 + 55)) ;;
+    no) x=$((width / 2 + 60)) y=$((height / 2 + 55)) ;;
     *)
         index=$(($(key_names | grep -nxF -e "$1" | cut -d: -f1) - 1))
-        echo $(((2 * (index % 8) + 1) * width / 16)) "${rows[index / 8]}"
+        x=$(((2 * (index % 8) + 1) * width / 16)) y=${rows[index / 8]}
         ;;
     esac
 }
 
 tap() {
     local x y
-    read -r x y <<<"$(place "$1")"
-    touch_screen "$x" "$y"
+    place "$1"
+    touch_screen $x $y
 }
 
 # is_colour NAME COLOUR: the button's background, taken below its symbol, as a person sees it.
 is_colour() {
     local x y
-    read -r x y <<<"$(place "$1")"
-    [ "$(pixel "$x" $((y + rim)))" = ${colours[$2]} ]
+    place "$1"
+    [ "$(pixel $x $((y + rim)))" = ${colours[$2]} ]
 }
 
 await_colour() {
@@ -111,15 +111,15 @@ answer() {
     tap "$1"
 }
 
-# ask TO FROM REQUEST: over two open files; prints the answer up to "ok", or "done" and an exit code,
-# and ends the shell where neither comes.
+# ask TO FROM REQUEST: over two open files; prints the answer up to "ok", an emulator's word for it, or
+# "done" and an exit code, and ends the shell where none comes.
 ask() {
     local answer
     echo "$3" >&"$1"
     while read -r -t 30 answer <&"$2"; do
         answer=${answer%$'\r'}
         case $answer in
-        ok) return ;;
+        ok | '{"return": '??'}') return ;;
         'done '*) return "${answer#done }" ;;
         *) echo "$answer" ;;
         esac

@@ -6,7 +6,7 @@ PATH+=:/usr/sbin:/sbin # the file system's tools, which a user's PATH leaves out
 
 window_packages=(qemu-system-gui)
 panel=penmount3000 # several fingers; touchit213: one; mouse: the pointer in the window
-window=none # the emulator's display
+window=(-display none)
 images=$project/build/unit
 touches=0
 machine=
@@ -24,7 +24,7 @@ open_stage() {
 
 # The program's files come to the wheel's folder and stay there.
 open_window() {
-    window=sdl panel=mouse
+    panel=mouse window=(-display sdl -device virtio-tablet-device)
     export SDL_MOUSE_FOCUS_CLICKTHROUGH=1 # the click that comes from the wheel's window counts
     open_stage "$1" "$2"
     unit=$images/wheel
@@ -35,7 +35,8 @@ open_window() {
 
 make_flash() {
     prepare_platform "$run"
-    mke2fs -q -t ext4 -L flash -d "$run/media/flash" "$run/flash.img" 16M >/dev/null
+    mke2fs -q -t ext4 -L flash -d "$run/media/flash" "$run/medium.img" 16M >/dev/null
+    qemu-img convert -O qcow2 "$run/medium.img" "$run/flash.img"
 }
 
 # plug_in OPTION...: of the emulator.
@@ -52,18 +53,18 @@ plug_in() {
     : >"$run/console.txt"
     # With more the kernel's PCI and the screen fail.
     qemu-system-arm -M virt,highmem=off -global virtio-mmio.force-legacy=false -cpu cortex-a15 -m 256 \
-        -nodefaults -no-user-config -no-reboot -name "Head unit" -display "$window" \
+        -nodefaults -no-user-config -no-reboot -name "Head unit" "${window[@]}" \
         -kernel "$images/vmlinuz" -initrd "$images/first.gz" \
         -append "console=ttyAMA0 loglevel=3 vt.global_cursor_default=0 panel=$panel" \
-        -device "virtio-gpu-device,xres=$width,yres=$height" -device virtio-tablet-device \
+        -device "virtio-gpu-device,xres=$width,yres=$height" \
         -drive "if=none,id=root,file=$images/root.img,format=raw,readonly=on" \
         -device virtio-blk-device,drive=root \
-        -drive "if=none,id=flash,file=$run/flash.img,format=raw,cache=writethrough" \
+        -drive "if=none,id=flash,file=$run/flash.img,format=qcow2,cache=writethrough" \
         -device virtio-blk-device,drive=flash "${lines[@]}" -mon chardev=monitor,mode=control \
         -chardev "file,id=console,path=$run/console.txt,append=on" -serial chardev:console \
-        "$@" 2>"$run/emulator.txt" &
+        "$@" 2>>"$run/emulator.txt" &
     machine=$!
-    monitor qmp_capabilities >/dev/null
+    monitor qmp_capabilities
 }
 
 # pull_the_plug: no byte more reaches the flash.
@@ -78,18 +79,22 @@ pull_the_plug() {
     done
 }
 
-# monitor COMMAND [ARGUMENTS]: of the emulator, in JSON; prints what it returns.
+# monitor COMMAND [ARGUMENTS]: of the emulator, in JSON.
 monitor() {
-    local reply
-    echo '{"execute":"'"$1"'"'"${2:+,\"arguments\":{$2\}}"'}' >&"${to[monitor]}"
-    while read -r -t 20 reply <&"${from[monitor]}"; do
-        case $reply in
-        *'"return"'*) echo "$reply" && return ;;
-        *'"error"'*) break ;;
-        esac
-    done
-    echo "The emulated unit does not $1: ${reply:-$(tail -n 1 "$run/emulator.txt")}" >&2
+    (ask "${to[monitor]}" "${from[monitor]}" "{\"execute\": \"$1\", \"arguments\": {${2-}}}" \
+        >>"$run/emulator.txt") && return
+    tail -n 1 "$run/emulator.txt" >&2
     exit 1
+}
+
+# freeze: the unit's state is kept beside the flash's, for unfreeze to go on from there as often as wanted.
+freeze() {
+    monitor human-monitor-command '"command-line": "savevm frozen"'
+    pull_the_plug
+}
+
+unfreeze() {
+    plug_in -loadvm frozen
 }
 
 start_program() {
@@ -150,7 +155,7 @@ pixel() {
 }
 
 screenshot() {
-    monitor screendump "\"filename\":\"$1\",\"format\":\"png\"" >/dev/null
+    monitor screendump "\"filename\": \"$1\", \"format\": \"png\""
 }
 
 content() {
@@ -164,30 +169,10 @@ inside() {
 
 # look_at_medium: what a unit would find that is plugged in again; on_medium NAME prints a file of it.
 look_at_medium() {
-    cp "$run/flash.img" "$run/medium.img"
+    qemu-img convert -O raw "$run/flash.img" "$run/medium.img"
     e2fsck -fy "$run/medium.img" >"$run/check.txt" 2>&1 || [ $? = 1 ]
 }
 
 on_medium() {
     debugfs -R "cat /nvm/$1" "$run/medium.img" 2>/dev/null
-}
-
-# freeze: the machine stands still, for unfreeze to go on from here as often as wanted.
-freeze() {
-    monitor stop >/dev/null
-    cp "$run/flash.img" "$run/frozen.img"
-    monitor migrate "\"uri\":\"exec:cat >'$run/frozen'\"" >/dev/null
-    await 30 "the frozen unit" monitor_says query-migrate completed
-    pull_the_plug
-}
-
-unfreeze() {
-    cp "$run/frozen.img" "$run/flash.img"
-    plug_in -incoming "exec:cat '$run/frozen'"
-    await 30 "the frozen unit" monitor_says query-status paused
-    monitor cont >/dev/null
-}
-
-monitor_says() {
-    monitor "$1" | grep -q "\"status\": *\"$2\""
 }
