@@ -30,9 +30,7 @@ APT::Architectures { "armhf"; };
 APT::Sandbox::User "root";
 Dir::State "$apt";
 Dir::State::status "$apt/status";
-Dir::State::lists "$apt/lists";
 Dir::Cache "$apt";
-Dir::Cache::archives "$apt/archives";
 SETTINGS
     private_apt update || true # one source of several may be out of reach
     private_apt autoclean

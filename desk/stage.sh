@@ -28,17 +28,23 @@ at_exit() {
     trap 'for command in "${at_exit_commands[@]}"; do eval "$command" 2>/dev/null || true; done' EXIT
 }
 
+fail() {
+    echo "$*" >&2
+    exit 1
+}
+
 # await SECONDS WHAT COMMAND...: until the command succeeds; ends the shell where it doesn't.
 await() {
-    local seconds=$1 what=$2 deadline=$((SECONDS + $1 + 1))
-    shift 2
-    until "$@"; do
-        if [ $SECONDS -ge $deadline ]; then
-            echo "Waited $seconds s for $what" >&2
-            exit 1
-        fi
+    local deadline=$((SECONDS + $1 + 1))
+    until "${@:3}"; do
+        [ $SECONDS -lt $deadline ] || fail "Waited $1 s for $2"
         sleep 0.05
     done
+}
+
+# expect WHAT COMMAND...: succeeds at once.
+expect() {
+    "${@:2}" || fail "Not as expected: $1"
 }
 
 not() {
@@ -124,8 +130,7 @@ ask() {
         *) echo "$answer" ;;
         esac
     done
-    echo "No ok to: $3" >&2
-    exit 1
+    fail "No ok to: $3"
 }
 
 # driver COMMAND...: to the stand-in, which reads $commands and answers on $replies.
@@ -133,22 +138,20 @@ driver() {
     ask "$commands" "$replies" "$*"
 }
 
-# teach KEY [WHEEL_KEY]: the key of the screen, by the wheel's key of that or the same name.
-# A machine that stands still for seconds lets the selection time out, and a person would try again.
-# Where there was time enough, a reading was lost.
+# teach KEY: by the wheel's key of the same name. A machine that stands still for seconds lets the selection
+# time out, and a person would try again. Where there was time enough, a reading was lost.
 teach() {
-    local attempt tapped taken
-    for attempt in 1 2 3; do
+    local tapped taken
+    for _ in 1 2 3; do
         tapped=$(milliseconds)
         tap "$1"
         await_colour "$1" blue
-        driver press "${2:-$1}" 250ms
+        driver press "$1" 250ms
         taken=$(($(milliseconds) - tapped))
         if (await_colour "$1" green); then
             return
         fi
-        echo "$1 was not learned at attempt $attempt, pressed and released within $taken ms" >&2
-        [ "$taken" -gt 2000 ] || exit 1
+        [ $taken -gt 2000 ] || break
     done
-    exit 1
+    fail "$1 was not learned, pressed and released within $taken ms"
 }

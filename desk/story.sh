@@ -25,24 +25,11 @@ save() {
     driver flag 0
 }
 
-expect() {
-    local what=$1
-    shift
-    "$@" || {
-        echo "Not as expected: $what" >&2
-        exit 1
-    }
-}
-
 learn_the_first_key() {
     start_program
     driver flag 1
     moment start
-    tap home
-    await_colour home blue
-    moment selected
-    driver press home 250ms
-    await_colour home green
+    teach home
     await 5 "the notice" notice_shows
     moment success
     await 5 "the notice to go" not notice_shows

@@ -82,9 +82,7 @@ pull_the_plug() {
 # monitor COMMAND [ARGUMENTS]: of the emulator, in JSON.
 monitor() {
     (ask "${to[monitor]}" "${from[monitor]}" "{\"execute\": \"$1\", \"arguments\": {${2-}}}" \
-        >>"$run/emulator.txt") && return
-    tail -n 1 "$run/emulator.txt" >&2
-    exit 1
+        >>"$run/emulator.txt") || fail "$(tail -n 1 "$run/emulator.txt")"
 }
 
 # freeze: the unit's state is kept beside the flash's, for unfreeze to go on from there as often as wanted.

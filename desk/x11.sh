@@ -32,8 +32,7 @@ start_screen() {
     "${server[@]}" -displayfd 3 3>"$number" 2>/dev/null &
     at_exit "kill $!"
     await 10 "the X server" test -s "$number"
-    DISPLAY=:$(cat "$number")
-    export DISPLAY
+    export DISPLAY=:$(cat "$number")
     openbox --config-file "$project/desk/openbox.xml" --startup "touch $ready" >/dev/null 2>&1 &
     at_exit "kill $!"
     await 10 "the window manager" test -e "$ready"
