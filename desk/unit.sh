@@ -85,16 +85,6 @@ monitor() {
         >>"$run/emulator.txt") || fail "$(tail -n 1 "$run/emulator.txt")"
 }
 
-# freeze: the unit's state is kept beside the flash's, for unfreeze to go on from there as often as wanted.
-freeze() {
-    monitor human-monitor-command '"command-line": "savevm frozen"'
-    pull_the_plug
-}
-
-unfreeze() {
-    plug_in -loadvm frozen
-}
-
 start_program() {
     if said end; then
         # The last window stays on the screen until something else is shown.

@@ -41,7 +41,8 @@ pull_after_end() {
     expect "learning is off on the medium" [ "$(on_medium swc_flags)" = 0 ]
 }
 
-# Three keys are about to replace all. One save is not cut, and shows the new file.
+# Three keys are about to replace all: from this state, which is kept beside the flash's, the unit goes on as
+# often as wanted. One save is not cut, and shows the new file.
 freeze_before_save() {
     local key
     start_program
@@ -51,8 +52,9 @@ freeze_before_save() {
     for key in "${saved_keys[@]}"; do
         teach "$key"
     done
-    freeze
-    unfreeze
+    monitor human-monitor-command '"command-line": "savevm frozen"'
+    pull_the_plug
+    plug_in -loadvm frozen
     tap save
     program_ended
     content direction.json >"$run/new.json"
@@ -61,7 +63,7 @@ freeze_before_save() {
 
 # cut_power MILLISECONDS: after the tap. Says which file is left.
 cut_power() {
-    unfreeze
+    plug_in -loadvm frozen
     tap save
     sleep "$(printf '0.%03d' "$1")"
     pull_the_plug
@@ -78,8 +80,7 @@ boot_again() {
     plug_in
     start_program
     for key in $(key_names); do
-        colour=green
-        [ $left = old ] || [[ " ${saved_keys[*]} " = *" $key "* ]] || colour=gray
+        [[ $left = old || " ${saved_keys[*]} " = *" $key "* ]] && colour=green || colour=gray
         expect "$key is $colour with the $left file" is_colour "$key" $colour
     done
     pull_the_plug
