@@ -108,15 +108,6 @@ QString takeLog()
     return std::exchange(logText, QString(""));
 }
 
-QStringList slotsOf(const QMetaObject &type)
-{
-    QStringList names;
-    for (int i = type.methodOffset(); i < type.methodCount(); ++i)
-        names += (type.method(i).access() == QMetaMethod::Public ? "public " : "private ")
-            + QString::fromLatin1(type.method(i).methodSignature());
-    return names;
-}
-
 QList<QLabel *> notices()
 {
     QList<QLabel *> found;

@@ -38,9 +38,6 @@ void addRows(const QString &table);
 // line that wrote it.
 QString takeLog();
 
-// The slots of a class in the order in which the meta-object numbers them.
-QStringList slotsOf(const QMetaObject &type);
-
 QList<QLabel *> notices(); // on the screen
 
 void answer(const QString &text); // by the button with this text, by Escape where there is none

@@ -28,12 +28,6 @@ private slots:
             samples.insert(i, i < 4999 ? "9,2,4001,0,0" : "9,2,4000,0,0");
         QCOMPARE(learnedRecordFrom(samples), QString("2,4001,0,0"));
     }
-
-    void hasTheSlotsInThisOrder()
-    {
-        const QString names = slotsOf(KeyMainWindow::staticMetaObject).join("\n") + '\n';
-        QCOMPARE(names, QString(read(QFINDTESTDATA("tables/slots.txt"))));
-    }
 };
 
 QTEST_MAIN(TestLearning)

@@ -6,6 +6,8 @@
 #include <QHash>
 #include <QIcon>
 #include <QLayout>
+#include <QMetaMethod>
+#include <QMetaObject>
 #include <QMetaProperty>
 #include <QPalette>
 #include <QPixmap>
@@ -39,6 +41,16 @@ QString lookOf(const QWidget &widget, const QWidget &other)
             look += QString("; %1 %2").arg(property.name(), words);
     }
     return look.replace('\n', "\\n");
+}
+
+// In the order in which the meta-object numbers them.
+QStringList slotsOf(const QMetaObject &type)
+{
+    QStringList names;
+    for (int i = type.methodOffset(); i < type.methodCount(); ++i)
+        names += (type.method(i).access() == QMetaMethod::Public ? "public " : "private ")
+            + QString::fromLatin1(type.method(i).methodSignature());
+    return names;
 }
 
 // A window, its slots and its widgets. A widget is set apart from the last before it of its class.
