@@ -66,7 +66,8 @@ QString execute(const QString &line, Driver *driver, QTextStream *output)
         return QString();
     if (!form.exactMatch(line))
         return '"' + line + "\" is none of press KEY [TIME], decode KEY [TIME], flag TEXT [TIME]";
-    const QString command = form.cap(1), word = form.cap(2);
+    const QString command = form.cap(1);
+    const QString word = form.cap(2);
     const int time = form.cap(3).isEmpty() ? defaultTimes.value(command) : form.cap(3).toInt();
     if (command == "flag")
         return expectFlag(driver, word, time);

@@ -75,7 +75,8 @@ public:
     {
         int placed[] = { 0, 0, 0, 0 };
         for (const WheelKey &key : driver->wheel.keys) {
-            const int place = placed[key.contact[0]]++, column = place / 4 * 43;
+            const int place = placed[key.contact[0]]++;
+            const int column = place / 4 * 43;
             const int x = key.contact[0] == 2 ? 135 - column : 306 + column;
             pads.append(QRect(x, 178 + place % 4 * 34, 39, 30));
         }
