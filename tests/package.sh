@@ -12,7 +12,6 @@ fi
 PATH+=:/usr/sbin:/sbin # dpkg and chroot need what a user's PATH leaves out
 project=$2 build=$3/package toolchain=$4 sysroot=$5 emulator=("${@:6}")
 root=$build/root
-. "$project/desk/headunit.sh"
 . "$project/desk/stage.sh"
 
 package() {

@@ -95,7 +95,8 @@ private slots:
         put("direction.json", readFile(QFINDTESTDATA("story.json")).replace("165", "600"));
         put("swc_keys", "++++++++++++++++++++");
         QFETCH(QString, expected);
-        const QString row = QTest::currentDataTag(), input = row.section(' ', 1);
+        const QString row = QTest::currentDataTag();
+        const QString input = row.section(' ', 1);
         const QString answer = row.startsWith("script") ? script(input)
             : row.startsWith("program")                 ? program(input)
                                                         : place(input);
