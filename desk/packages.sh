@@ -7,7 +7,7 @@ robustness_packages=("${bench_packages[@]}" clang-14 libclang-rt-14-dev)
 unit_packages=(dpkg-dev file lintian systemd) # to package the program and check the package
 check_packages=("${robustness_packages[@]}" "${unit_packages[@]}" clang-format clang-tidy librsvg2-bin optipng)
 arm_packages=("${unit_packages[@]}" g++-arm-linux-gnueabihf qemu-user)
-emulator_packages=("${arm_packages[@]}" qemu-system-arm e2fsprogs cpio kmod) # a whole unit
+emulator_packages=("${arm_packages[@]}" qemu-system-arm qemu-utils e2fsprogs cpio kmod) # a whole unit
 
 # Installs what is missing; one message and the end of the command where that fails.
 require_packages() {
