@@ -1,12 +1,12 @@
-# Sourced by the commands at the root: the Debian packages that each needs.
+# Sourced by the commands: the Debian packages that each needs.
 
 build_packages=(g++ cmake make ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools)
 screen_packages=(xvfb openbox xdotool imagemagick fonts-droid-fallback fonts-dejavu-core)
 bench_packages=(strace valgrind)
-robustness_packages=("${bench_packages[@]}" clang-14 libclang-rt-14-dev)
-unit_packages=(dpkg-dev file lintian systemd) # to package the program and check the package
-check_packages=("${robustness_packages[@]}" "${unit_packages[@]}" clang-format clang-tidy librsvg2-bin optipng)
-arm_packages=("${unit_packages[@]}" g++-arm-linux-gnueabihf qemu-user)
+robustness_packages=("${bench_packages[@]}" procps clang-14 libclang-rt-14-dev)
+deb_packages=(dpkg-dev file lintian systemd) # to package the program and check the package
+check_packages=("${robustness_packages[@]}" "${deb_packages[@]}" git clang-format clang-tidy librsvg2-bin optipng)
+arm_packages=("${deb_packages[@]}" g++-arm-linux-gnueabihf qemu-user)
 emulator_packages=("${arm_packages[@]}" qemu-system-arm qemu-utils e2fsprogs cpio kmod) # a whole unit
 
 # Installs what is missing; one message and the end of the command where that fails.

@@ -78,7 +78,8 @@ start_again_and_save_nothing() {
     answer yes
     await_colour home gray
     save
-    expect "a file without keys" test -z "$(content direction.json)"
+    content direction.json >"$pictures/without-keys.json"
+    expect "a file without keys" test ! -s "$pictures/without-keys.json"
 }
 
 bring_the_backup_back() {

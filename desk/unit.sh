@@ -95,7 +95,7 @@ start_program() {
     await 30 "the program's window" is_colour save gray
 }
 
-# After a boot the unit does so itself.
+# launch: starts the program, unless the unit is about to do so after its boot.
 launch() {
     if said end; then
         : >"$run/console.txt"

@@ -33,7 +33,7 @@ start_screen() {
     at_exit "kill $!"
     await 10 "the X server" test -s "$number"
     export DISPLAY=:$(cat "$number")
-    openbox --config-file "$project/desk/openbox.xml" --startup "touch $ready" >/dev/null 2>&1 &
+    openbox --config-file "$project/desk/openbox.xml" --startup "touch '$ready'" >/dev/null 2>&1 &
     at_exit "kill $!"
     await 10 "the window manager" test -e "$ready"
     rm -f "$number" "$ready"

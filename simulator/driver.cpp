@@ -37,7 +37,7 @@ Decoded decode(const Measurement &measurement, const WheelKey &key, const Wheel 
     return { code, QString("%1 is decoded as %2: %3").arg(key.name, function, reason) };
 }
 
-QByteArray readFile(const QString &path)
+QByteArray contentOfFile(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.read(largestFile) : QByteArray();
@@ -74,7 +74,7 @@ void Driver::write(const Measurement &measurement)
 
 QByteArray Driver::contentOf(const QString &name) const
 {
-    return readFile(root + folder + name);
+    return contentOfFile(root + folder + name);
 }
 
 Decoded Driver::decodeHeld() const

@@ -17,7 +17,7 @@ Decoded decode(const Measurement &measurement, const WheelKey &key, const Wheel 
                const QByteArray &configuration);
 
 // The content of a file; empty where there is none to read.
-QByteArray readFile(const QString &path);
+QByteArray contentOfFile(const QString &path);
 
 // The key driver's side of its three files.
 class Driver

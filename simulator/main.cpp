@@ -40,7 +40,7 @@ QString readOptions(const QCommandLineParser &parser, Driver *driver)
     driver->period = 1000 / rate;
     driver->way = static_cast<Way>(way);
     driver->chance.seed(parser.value("seed").toUInt());
-    const QString fault = parseWheel(readFile(parser.value("wheel")), &driver->wheel);
+    const QString fault = parseWheel(contentOfFile(parser.value("wheel")), &driver->wheel);
     if (parser.isSet("exact"))
         driver->wheel.noise = driver->wheel.drift = driver->wheel.bounce = 0;
     return fault.isEmpty() ? fault : parser.value("wheel") + ": " + fault;
@@ -52,7 +52,7 @@ int main(int argc, char **argv)
 {
     std::unique_ptr<QCoreApplication> application = std::make_unique<QCoreApplication>(argc, argv);
     QCommandLineParser parser;
-    parser.setApplicationDescription(readFile(":/help.txt"));
+    parser.setApplicationDescription(contentOfFile(":/help.txt"));
     parser.addHelpOption();
     parser.addPositionalArgument("command", "The head unit's program.", "[-- command...]");
     for (const QCommandLineOption &option : options)

@@ -11,7 +11,7 @@ QString outcomeOf(const QProcess &program, const Driver &driver)
     if (program.exitCode() != 0) // also of one that was killed or did not start
         return program.program() + " failed, its log is " + logPath;
     // In the program's own spelling. The last tap has ended it.
-    const QByteArray log = readFile(logPath);
+    const QByteArray log = contentOfFile(logPath);
     if (log.lastIndexOf(" save all keys") > log.lastIndexOf(" canel all keys")) {
         const int keys = driver.contentOf("direction.json").count("direction_event");
         return QString(keys == 1 ? "Saved %1 key" : "Saved %1 keys").arg(keys);

@@ -68,11 +68,11 @@ void CustomMsgBox::placeChildren()
     msgLabel->setGeometry(part(width() - label.width(), 0.5),
                           part(textHeight - label.height(), 0.5), label.width(), label.height());
 
-    int x = part(halfWidth, 0.1);
+    double x = halfWidth * 0.1;
     for (QPushButton *button : { btnYes, btnNo }) {
-        button->setGeometry(x, textHeight + part(buttonsHeight, 0.1), part(halfWidth, 0.8),
-                            part(buttonsHeight, 0.8));
+        button->setGeometry(static_cast<int>(x), textHeight + part(buttonsHeight, 0.1),
+                            part(halfWidth, 0.8), part(buttonsHeight, 0.8));
         button->setStyleSheet(buttonStyle);
-        x += halfWidth;
+        x += width() * 0.5;
     }
 }

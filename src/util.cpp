@@ -15,7 +15,7 @@ int Util::getLanguageIdx()
         const QString line = QString::fromUtf8(bytes.simplified());
         if (!line.startsWith("SystemLanguageId"))
             continue;
-        // Where there is no "=", the setting counts as missing.
+        // Where there is no "=", the index is that of a missing setting.
         const int index = line.section('=', 1, 1).toInt();
         qDebug("[virtual_print][%s]language idx:%d", __func__, index);
         return index;

@@ -54,7 +54,7 @@ install_package() {
 # platform stays the root's own.
 bind_machine() {
     local place
-    for place in /bin /lib* /usr /etc /dev /proc "$project" "$build" $sysroot; do
+    for place in /bin /lib* /usr /etc /dev /proc "$project" "$build" ${sysroot:+"$sysroot"}; do
         mkdir -p "$root$place"
         mount --rbind "$place" "$root$place" # with what is mounted below, as a user must
     done

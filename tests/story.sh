@@ -16,8 +16,8 @@ runner=("${@:7}")
 # The driver's files are in memory: a busy disk can hold up a reading for seconds.
 unit=$(mktemp -d)
 memory=$(mktemp -d -p /dev/shm 2>/dev/null || mktemp -d)
-at_exit "rm -rf $unit $memory"
-at_exit "tail -n 5 $unit/log.txt >&2"
+at_exit "rm -rf '$unit' '$memory'"
+at_exit "tail -n 5 '$unit/log.txt'"
 ln -s "$memory" "$unit/media"
 open_stage "$3" "$4"
 tell_story "$unit/pictures"

@@ -107,7 +107,9 @@ private slots:
         for (int i = 0; i < buttons.size(); ++i) {
             const QStringList key = looks.value(i).simplified().split(' ');
             QCOMPARE(unit.keys.value(buttons.at(i)), key.value(1).toInt());
-            QCOMPARE(buttons.at(i)->icon().pixmap(999).toImage(), QPixmap(key.value(2)).toImage());
+            const QPixmap image(key.value(2));
+            QVERIFY(!image.isNull());
+            QCOMPARE(buttons.at(i)->icon().pixmap(999).toImage(), image.toImage());
         }
         for (const auto group : { QPalette::Active, QPalette::Inactive, QPalette::Disabled })
             looks += unit.window.palette().color(group, QPalette::Window).name();

@@ -28,7 +28,10 @@ class TestSimulator : public QObject
     // As the kernel counts them.
     static int writes()
     {
-        return QString(readFile("/proc/self/io")).section("syscw: ", 1).section('\n', 0, 0).toInt();
+        return QString(contentOfFile("/proc/self/io"))
+            .section("syscw: ", 1)
+            .section('\n', 0, 0)
+            .toInt();
     }
 
     // What the script says of a wheel and does to the driver's file: one that was opened before
@@ -36,7 +39,7 @@ class TestSimulator : public QObject
     QString script(const QString &input)
     {
         const QStringList fields = input.split('|');
-        const QString wheel = QString(readFile(":/wheel.json")).replace(fields[1], fields[2]);
+        const QString wheel = QString(contentOfFile(":/wheel.json")).replace(fields[1], fields[2]);
         QString answer = parseWheel(wheel.toUtf8(), &driver.wheel);
         if (!answer.isEmpty())
             return answer;
@@ -49,10 +52,11 @@ class TestSimulator : public QObject
         QTextStream output(&answer);
         const int before = writes();
         answer += runScript("script", &driver, &output).remove("script script, ");
-        return QString("%1: %2 writes to %3 file: %4")
+        return QString("%1: %2 writes to %3 file: %4.")
             .arg(answer.trimmed().replace('\n', "; "))
             .arg(writes() - before)
-            .arg(reader.read(1) == "1" ? "the same" : "another", QString(readFile("swc_keys")));
+            .arg(reader.read(1) == "1" ? "the same" : "another",
+                 QString(contentOfFile("swc_keys")));
     }
 
     QString program(const QString &command) const
@@ -77,7 +81,8 @@ private slots:
     void answers_data()
     {
         QTest::addColumn<QString>("expected");
-        for (const QByteArray &row : readFile(QFINDTESTDATA("tables/simulator.txt")).split('\n')) {
+        for (const QByteArray &row :
+             contentOfFile(QFINDTESTDATA("tables/simulator.txt")).split('\n')) {
             if (row.contains(" => "))
                 QTest::newRow(row.left(row.indexOf(" => "))) << QString(row).section(" => ", 1);
         }
@@ -92,7 +97,7 @@ private slots:
         driver.period = 10;
         QVERIFY(QDir().mkpath(root.path() + "/media/flash/nvm"));
         QVERIFY(QDir::setCurrent(root.path() + "/media/flash/nvm"));
-        put("direction.json", readFile(QFINDTESTDATA("story.json")).replace("165", "600"));
+        put("direction.json", contentOfFile(QFINDTESTDATA("story.json")).replace("165", "600"));
         put("swc_keys", "++++++++++++++++++++");
         QFETCH(QString, expected);
         const QString row = QTest::currentDataTag();
