@@ -5,10 +5,16 @@
 #include <QByteArray>
 #include <QProcess>
 
+bool hasFailed(const QProcess &program)
+{
+    return program.error() == QProcess::FailedToStart
+        || program.exitStatus() != QProcess::NormalExit || program.exitCode() != 0;
+}
+
 QString outcomeOf(const QProcess &program, const Driver &driver)
 {
     const QString logPath = program.workingDirectory() + "/log.txt";
-    if (program.exitCode() != 0) // also of one that was killed or did not start
+    if (hasFailed(program))
         return program.program() + " failed, its log is " + logPath;
     // In the program's own spelling. The last tap has ended it.
     const QByteArray log = contentOfFile(logPath);

@@ -105,8 +105,8 @@ protected:
             return;
         outcome = outcomeOf(program, *driver);
         activateWindow(); // for the key that starts it again
-        QTextStream(program.exitCode() == 0 ? stdout : stderr) << outcome << endl;
-        if (program.exitCode() != 0)
+        QTextStream(hasFailed(program) ? stderr : stdout) << outcome << endl;
+        if (hasFailed(program))
             QApplication::exit(1);
     }
 
