@@ -108,7 +108,7 @@ private slots:
             const QStringList key = looks.value(i).simplified().split(' ');
             QCOMPARE(unit.keys.value(buttons.at(i)), key.value(1).toInt());
             const QPixmap image(key.value(2));
-            QVERIFY(!image.isNull());
+            QVERIFY2(!image.isNull(), qPrintable(key.value(2)));
             QCOMPARE(buttons.at(i)->icon().pixmap(999).toImage(), image.toImage());
         }
         for (const auto group : { QPalette::Active, QPalette::Inactive, QPalette::Disabled })
