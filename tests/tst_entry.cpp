@@ -37,7 +37,7 @@ private slots:
         QFETCH(QString, input);
         QFETCH(QString, expected);
         const QString row = QTest::currentDataTag();
-        const HeadUnit unit;
+        const HeadUnit unit(R"({"direction0":[{"direction_event":5}]})");
         const QString languages = "application/languages/Velmora_";
         write(settingsPath, input.toUtf8());
         if (row != "no catalogue")
@@ -57,7 +57,7 @@ private slots:
         const auto fonts = QRegularExpression(R"(list \((.*)\) size (\d+)\|)").match(log);
         QCOMPARE(fonts.captured(1).count("\", \"") + 1, fonts.captured(2).toInt());
         log.remove(fonts.captured()).replace("[virtual_print][getLanguageIdx]", "*");
-        QCOMPARE(log, expected + "+ +: Start Velmora...|~KeyMainWindow|");
+        QCOMPARE(log, expected + "+ +: Start Velmora...|5   \"2\"|~KeyMainWindow|");
     }
 
     void readsCatalogues_data() { addRows("catalogues"); }
