@@ -178,6 +178,8 @@ void KeyMainWindowProbe::play(const QString &steps)
             QFile::remove(readingPath);
         else if (step.startsWith("recorrect"))
             QMetaObject::invokeMethod(&window, payload);
+        else if (step.startsWith("touch"))
+            QTest::mousePress(keys.key(step.mid(5).toInt()), Qt::LeftButton);
         else if (step.endsWith("ms"))
             pass(step.section("ms", 0, 0).toInt());
         else

@@ -61,10 +61,10 @@ struct HeadUnit
 class KeyMainWindowProbe
 {
 public:
-    // Steps: "314" taps that key, "2,1,2,3" measures, "up" is the release, "4000ms" pass,
-    // "314=2,1,2,3" makes it a learned key, "clear" is answered by Yes, "save" does not end the
-    // window, "text:7" is all that the driver's file holds, "gone" removes it, and
-    // "recorrectHomeBtnStatus" is a call of that slot.
+    // Steps: "314" taps that key, "touch314" does not let go of it, "2,1,2,3" measures, "up" is the
+    // release, "4000ms" pass, "314=2,1,2,3" makes it a learned key, "clear" is answered by Yes,
+    // "save" does not end the window, "text:7" is all that the driver's file holds, "gone" removes
+    // it, and "recorrectHomeBtnStatus" is a call of that slot.
     void play(const QString &steps);
 
     // All that is not as at the start, for example "314 blue; waits 314; sample 0".
