@@ -3,6 +3,7 @@
 #include "records.h"
 
 #include <QStringList>
+#include <QVector>
 
 #include <algorithm>
 
@@ -13,7 +14,7 @@ ReadingFault parseReading(const QString &text, Reading *reading)
 
     const QStringList parts = text.split(':');
     const QString payload = parts.at(1).left(parts.at(0).toInt()); // a negative count takes all
-    const RecordFields fields(payload);
+    const QVector<int> fields = fieldsOf(payload);
     if (fields.size() < 1 + channelCount)
         return ReadingFault::TooFewFields;
 
@@ -31,9 +32,4 @@ ReadingClass classify(const Reading &reading)
     if (*range.first == releaseValue && *range.second == releaseValue)
         return ReadingClass::Release;
     return ReadingClass::Invalid;
-}
-
-bool isKnownKeyLine(int keyLine)
-{
-    return keyLine == keyLine2 || keyLine == keyLine3;
 }

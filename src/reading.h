@@ -33,5 +33,3 @@ enum class ReadingFault { None, NoColon, TooFewFields };
 ReadingFault parseReading(const QString &text, Reading *reading);
 
 ReadingClass classify(const Reading &reading);
-
-bool isKnownKeyLine(int keyLine);

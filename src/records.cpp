@@ -1,13 +1,13 @@
 #include "records.h"
 
-#include <algorithm>
-#include <utility>
+#include "reading.h"
+
+#include <QStringList>
 
 namespace {
 
 constexpr int tolerance = 60; // converter steps between two samples of one key
-constexpr int firstValueOfSample = 2; // after the code and the key line
-constexpr int sampleRecordFields = firstValueOfSample + channelCount;
+constexpr int learnedRecordFields = 1 + channelCount;
 
 int roundedMean(int sum, int count)
 {
@@ -17,19 +17,12 @@ int roundedMean(int sum, int count)
 
 } // namespace
 
-RecordFields::RecordFields(QString record) : text(std::move(record))
+QVector<int> fieldsOf(const QString &record)
 {
-    for (int comma = text.indexOf(','); comma >= 0; comma = text.indexOf(',', comma + 1))
-        ends.append(comma);
-    ends.append(text.size());
-}
-
-int RecordFields::at(int index) const
-{
-    if (index >= ends.size())
-        return 0;
-    const int begin = index == 0 ? 0 : ends.at(index - 1) + 1;
-    return text.midRef(begin, ends.at(index) - begin).toInt();
+    QVector<int> fields;
+    for (const QString &field : record.split(','))
+        fields.append(field.toInt());
+    return fields;
 }
 
 QString sampleRecord(int code, const QString &payload)
@@ -37,22 +30,16 @@ QString sampleRecord(int code, const QString &payload)
     return QString::number(code) + ',' + payload;
 }
 
-QString learnedRecord(int keyLine, const std::array<int, channelCount> &adc)
+bool collides(const QString &sample, const QString &learned)
 {
-    QString record = QString::number(keyLine);
-    for (int value : adc)
-        record += ',' + QString::number(value);
-    return record;
-}
-
-bool collides(const RecordFields &sample, const RecordFields &learned)
-{
-    if (sample.size() < sampleRecordFields || learned.size() < learnedRecordFields)
+    const QVector<int> measured = fieldsOf(sample).mid(1); // without the key code
+    const QVector<int> known = fieldsOf(learned);
+    if (measured.size() < learnedRecordFields || known.size() < learnedRecordFields)
         return false;
-    if (sample.at(1) != learned.at(0))
+    if (measured.first() != known.first())
         return false;
     for (int i = 1; i < learnedRecordFields; ++i) {
-        const qint64 difference = qint64(sample.at(i + 1)) - learned.at(i);
+        const qint64 difference = qint64(measured.at(i)) - known.at(i);
         if (qAbs(difference) > tolerance)
             return false;
     }
@@ -61,20 +48,17 @@ bool collides(const RecordFields &sample, const RecordFields &learned)
 
 int keyCodeOf(const QString &sample)
 {
-    return RecordFields(sample).at(0);
+    return fieldsOf(sample).first();
 }
 
 QString learnedRecordFrom(const QMap<int, QString> &samples)
 {
-    std::array<int, channelCount> sums{};
-    for (const QString &sample : samples) {
-        const RecordFields fields(sample);
-        int field = firstValueOfSample;
-        for (int &sum : sums)
-            sum += fields.at(field++);
+    QString record = QString::number(fieldsOf(samples.first()).at(1));
+    for (int field = 2; field < 2 + channelCount; ++field) {
+        int sum = 0;
+        for (const QString &sample : samples)
+            sum += fieldsOf(sample).at(field);
+        record += ',' + QString::number(roundedMean(sum, samples.size()));
     }
-    std::array<int, channelCount> means{};
-    std::transform(sums.begin(), sums.end(), means.begin(),
-                   [&samples](int sum) { return roundedMean(sum, samples.size()); });
-    return learnedRecord(RecordFields(samples.first()).at(1), means);
+    return record;
 }
