@@ -4,12 +4,6 @@
 #include <QIODevice>
 #include <QString>
 
-namespace {
-
-constexpr int fieldsOfRow = 3; // name, code and icon
-
-} // namespace
-
 Catalogue readCatalogue(QIODevice &file)
 {
     Catalogue catalogue;
@@ -19,7 +13,7 @@ Catalogue readCatalogue(QIODevice &file)
         if (line.isEmpty() || line.startsWith('#'))
             continue;
         const QStringList fields = line.simplified().split(' ', QString::SkipEmptyParts);
-        if (fields.size() < fieldsOfRow)
+        if (fields.size() < 3)
             continue;
         catalogue.names.append(fields.at(0));
         catalogue.codes.append(fields.at(1).toInt());

@@ -16,21 +16,13 @@ namespace {
 constexpr char codeMember[] = "direction_event";
 constexpr char valuesMember[] = "adc";
 
-LoadedKey loadedKey(const QJsonObject &key, int keyLine)
-{
-    LoadedKey result{ key.value(codeMember).toInt(), QString::number(keyLine) };
-    for (const QJsonValue value : key.value(valuesMember).toArray())
-        result.record += ',' + QString::number(value.toInt());
-    return result;
-}
-
 QVector<int> valuesOn(int channel, const QMap<int, QString> &learnedKeys, int keyLine)
 {
     QVector<int> values;
     for (const QString &record : learnedKeys) {
-        const RecordFields fields(record);
-        if (fields.at(0) == keyLine)
-            values.append(fields.at(channel));
+        const QVector<int> fields = fieldsOf(record);
+        if (fields.first() == keyLine)
+            values.append(fields.value(channel));
     }
     return values;
 }
@@ -45,26 +37,26 @@ int smallestSpacing(QVector<int> values)
     return static_cast<int>(spacing);
 }
 
-QJsonObject keyObject(int code, const RecordFields &record, const ChannelChoice &choice)
+QJsonObject keyObject(int code, const QVector<int> &record, const QMap<int, int> &selection)
 {
     QJsonObject key;
     key.insert(codeMember, code);
     QJsonArray values;
     for (int channel = 1; channel <= channelCount; ++channel)
-        values.append(record.at(channel));
+        values.append(record.value(channel));
     key.insert(valuesMember, values);
-    if (choice.channel != -1)
-        key.insert("road", choice.channel);
-    if (choice.interval() != -1)
-        key.insert("interval", choice.interval());
+    key.insert("road", selection.firstKey());
+    const int interval = intervalFor(selection.first());
+    if (interval != -1)
+        key.insert("interval", interval);
     return key;
 }
 
 } // namespace
 
-QJsonObject parseConfiguration(const QByteArray &text)
+QJsonObject parseConfiguration(const QString &text)
 {
-    return QJsonDocument::fromJson(text).object();
+    return QJsonDocument::fromJson(text.toUtf8()).object();
 }
 
 QList<LoadedKey> keysOfGroup(const QJsonObject &configuration, const QString &group)
@@ -72,37 +64,46 @@ QList<LoadedKey> keysOfGroup(const QJsonObject &configuration, const QString &gr
     const int keyLine = group == line2Group ? keyLine2 : keyLine3;
     QList<LoadedKey> keys;
     for (const QJsonValue element : configuration.value(group).toArray()) {
-        const LoadedKey key = loadedKey(element.toObject(), keyLine);
-        if (key.code != 0)
-            keys.append(key);
+        const QJsonObject key = element.toObject();
+        const int code = key.value(codeMember).toInt();
+        QString record = QString::number(keyLine);
+        for (const QJsonValue value : key.value(valuesMember).toArray())
+            record += ',' + QString::number(value.toInt());
+        if (code != 0)
+            keys.append({ code, record });
     }
     return keys;
 }
 
-ChannelChoice selectChannel(const QMap<int, QString> &learnedKeys, int keyLine)
+QMap<int, int> selectChannel(const QMap<int, QString> &learnedKeys, int keyLine)
 {
-    ChannelChoice widest;
+    QMap<int, int> selection;
     for (int channel = 1; channel <= channelCount; ++channel) {
         const QVector<int> values = valuesOn(channel, learnedKeys, keyLine);
         if (values.isEmpty())
             break;
         const int spacing = smallestSpacing(values);
-        if (widest.channel == -1 || spacing >= widest.spacing)
-            widest = { channel, spacing };
+        if (selection.isEmpty() || spacing >= selection.first())
+            selection = { { channel, spacing } };
     }
-    return widest;
+    return selection;
 }
 
-QByteArray configurationText(const QMap<int, QString> &learnedKeys, const ChannelChoice &line2,
-                             const ChannelChoice &line3)
+int intervalFor(int spacing)
+{
+    return spacing >> 1;
+}
+
+QByteArray configurationText(const QMap<int, QString> &learnedKeys, const QMap<int, int> &line2,
+                             const QMap<int, int> &line3)
 {
     QJsonArray line2Keys;
     QJsonArray line3Keys;
     for (auto key = learnedKeys.begin(); key != learnedKeys.end(); ++key) {
-        const RecordFields record(key.value());
-        if (record.at(0) == keyLine2)
+        const QVector<int> record = fieldsOf(key.value());
+        if (record.first() == keyLine2)
             line2Keys.append(keyObject(key.key(), record, line2));
-        else if (record.at(0) == keyLine3)
+        else if (record.first() == keyLine3)
             line3Keys.append(keyObject(key.key(), record, line3));
     }
     QJsonObject configuration;

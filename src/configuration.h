@@ -7,8 +7,8 @@
 
 class QJsonObject;
 
-// The JSON file that the key driver decodes with: two groups of keys, one for each key line.
-// docs/configuration.md describes it.
+// The JSON file by which the key driver decodes key presses: two groups of keys, one for each key
+// line. docs/driver.md describes it.
 
 constexpr char line2Group[] = "direction0";
 constexpr char line3Group[] = "direction1";
@@ -19,28 +19,22 @@ struct LoadedKey
     QString record; // "keyLine,adc,..." with as many values as the file has
 };
 
-// The file's top-level object; an empty one where the text is no JSON object.
-QJsonObject parseConfiguration(const QByteArray &text);
+// The file's top-level object; an empty one if the text is not a JSON object.
+QJsonObject parseConfiguration(const QString &text);
 
 // The keys of one group in file order, without those that have no whole, non-zero code.
 QList<LoadedKey> keysOfGroup(const QJsonObject &configuration, const QString &group);
 
-// The converter channel (1 to 3) by which the driver tells the keys of one line apart, the file's
-// "road". The spacing is the smallest of the channel's lowest value and all differences between
-// neighbours. -1 where no key has the line.
-struct ChannelChoice
-{
-    int channel = -1;
-    int spacing = -1;
+// Selects the converter channel (1 to 3) by which the driver tells the keys of one line apart.
+// Returns it with its spacing, or an empty map if no key is on the line. The spacing of a channel
+// is the smallest of its lowest value and all differences between neighbouring values; the channel
+// with the largest spacing is selected, and of equal ones the highest.
+QMap<int, int> selectChannel(const QMap<int, QString> &learnedKeys, int keyLine);
 
-    // The tolerance around a learned value: half the spacing, rounded down.
-    int interval() const { return spacing >> 1; }
-};
+// The tolerance around a learned value: half the spacing, rounded down.
+int intervalFor(int spacing);
 
-// The channel with the largest spacing, of equal ones the highest.
-ChannelChoice selectChannel(const QMap<int, QString> &learnedKeys, int keyLine);
-
-// The file's bytes. Keys on any other line than 2 and 3 are left out, and so is a road or an
-// interval of -1.
-QByteArray configurationText(const QMap<int, QString> &learnedKeys, const ChannelChoice &line2,
-                             const ChannelChoice &line3);
+// The file's bytes, given the selected channel of each line. Keys on any other line than 2 and 3
+// are left out, and so is an interval of -1.
+QByteArray configurationText(const QMap<int, QString> &learnedKeys, const QMap<int, int> &line2,
+                             const QMap<int, int> &line3);
