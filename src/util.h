@@ -3,7 +3,7 @@
 class Util
 {
 public:
-    // The system language index of the settings file, 0 where it can't be found or is no number. 1
-    // is Chinese. Only the first megabyte of the file is looked at.
+    // Returns the system language index of the settings file; 1 is Chinese. Returns 0 if the
+    // setting is missing or is not a number.
     int getLanguageIdx();
 };
