@@ -2,13 +2,13 @@
 
 #include "buttonstyles.h"
 #include "catalogue.h"
-#include "filewatch.h"
 #include "platform.h"
 #include "screen.h"
 
 #include <QColor>
 #include <QDebug>
 #include <QFile>
+#include <QFileSystemWatcher>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QIcon>
@@ -172,13 +172,12 @@ QHBoxLayout *KeyMainWindow::createControls(const QSize &buttonSize)
     return controls;
 }
 
-// A reading file that is missing now stays unwatched for the window's life.
+// If the reading file is missing now, it stays unwatched for the window's life.
 void KeyMainWindow::watchReadings()
 {
-    auto *watch = new FileWatch(this);
-    fileWatcher = watch;
+    fileWatcher = new QFileSystemWatcher(this);
     if (!QFile::exists(Platform::reading))
         return;
-    watch->watch(Platform::reading);
+    fileWatcher->addPath(Platform::reading);
     connect(fileWatcher, SIGNAL(fileChanged(QString)), this, SLOT(onFileChange(QString)));
 }

@@ -55,31 +55,33 @@ public slots:
 
 private slots:
     void onTouchKeysClicked();
-    void recorrectHomeBtnStatus();
-    void recorrectBackBtnStatus();
-    void recorrectPowerBtnStatus();
-    void recorrectMuteBtnStatus();
-    void recorrectVolPlusBtnStatus();
-    void recorrectVolSubtractBtnStatus();
-    void recorrectPrevBtnStatus();
-    void recorrectNextBtnStatus();
-    void recorrectSrcBtnStatus();
-    void recorrectEnterBtnStatus();
-    void recorrectBluetoothBtnStatus();
-    void recorrectHangUpBtnStatus();
-    void recorrectIlinkBtnStatus();
-    void recorrectSiriBtnStatus();
-    void recorrectMusicBtnStatus();
-    void recorrectRadioBtnStatus();
-    void recorrectLeftBtnStatus();
-    void recorrectRightBtnStatus();
-    void recorrectUpBtnStatus();
-    void recorrectDownBtnStatus();
-    void recorrectAmsBtnStatus();
-    void recorrectPlayPauseBtnStatus();
+
+    // A timer passes no argument to its slot, so each key has a time-out slot of its own.
+    void recorrectHomeBtnStatus() { recorrectBtnStatus(314); }
+    void recorrectBackBtnStatus() { recorrectBtnStatus(250); }
+    void recorrectPowerBtnStatus() { recorrectBtnStatus(148); }
+    void recorrectMuteBtnStatus() { recorrectBtnStatus(149); }
+    void recorrectVolPlusBtnStatus() { recorrectBtnStatus(166); }
+    void recorrectVolSubtractBtnStatus() { recorrectBtnStatus(167); }
+    void recorrectPrevBtnStatus() { recorrectBtnStatus(232); }
+    void recorrectNextBtnStatus() { recorrectBtnStatus(233); }
+    void recorrectSrcBtnStatus() { recorrectBtnStatus(315); }
+    void recorrectEnterBtnStatus() { recorrectBtnStatus(157); }
+    void recorrectBluetoothBtnStatus() { recorrectBtnStatus(347); }
+    void recorrectHangUpBtnStatus() { recorrectBtnStatus(351); }
+    void recorrectIlinkBtnStatus() { recorrectBtnStatus(325); }
+    void recorrectSiriBtnStatus() { recorrectBtnStatus(344); }
+    void recorrectMusicBtnStatus() { recorrectBtnStatus(302); }
+    void recorrectRadioBtnStatus() { recorrectBtnStatus(226); }
+    void recorrectLeftBtnStatus() { recorrectBtnStatus(155); }
+    void recorrectRightBtnStatus() { recorrectBtnStatus(156); }
+    void recorrectUpBtnStatus() { recorrectBtnStatus(153); }
+    void recorrectDownBtnStatus() { recorrectBtnStatus(154); }
+    void recorrectAmsBtnStatus() { recorrectBtnStatus(326); }
+    void recorrectPlayPauseBtnStatus() { recorrectBtnStatus(247); }
 
 private:
-    friend class KeyMainWindowProbe; // the tests' view of the learning state
+    friend class LearningWindow; // the tests' view of the learning state
 
     void buildScreen(const Catalogue &catalogue, const QSize &screen);
     QLabel *createText(const QString &text, const char *style, Qt::Alignment alignment);
@@ -96,6 +98,7 @@ private:
     void clearKeys();
     void showNotice(int level, const QString &text);
 
+    void watchAgain(const QString &path);
     bool takeReading(const QString &path, Reading *reading);
     void handleSample();
     void handleRelease();
@@ -103,7 +106,6 @@ private:
     void dropSamplesOfOtherKeys();
     void dropSamples(); // without a line in the log
 
-    static const char *timeOutSlotOf(int code);
     bool removePending(int code);
 
     QMap<QPushButton *, int> mapButtonKeys;

@@ -9,26 +9,6 @@
 #include <QDebug>
 #include <QFile>
 
-namespace {
-
-// The window's operations give a channel and its spacing as a map of one entry, or of none.
-QMap<int, int> selectionOf(const ChannelChoice &choice)
-{
-    QMap<int, int> selection;
-    if (choice.channel != -1)
-        selection.insert(choice.channel, choice.spacing);
-    return selection;
-}
-
-ChannelChoice choiceOf(const QMap<int, int> &selection)
-{
-    if (selection.isEmpty())
-        return {};
-    return { selection.firstKey(), selection.first() };
-}
-
-} // namespace
-
 // The "0" goes to the medium: with a "1" from before, the next boot would begin in learning mode.
 void KeyMainWindow::writeLearnFlag(bool on)
 {
@@ -51,7 +31,7 @@ int KeyMainWindow::loadSwcKeys()
         return -1;
 
     mapSwcKeys.clear();
-    const QJsonObject configuration = parseConfiguration(readFile(Platform::configuration));
+    const QJsonObject configuration = parseConfiguration(readText(Platform::configuration));
     for (const char *group : { line2Group, line3Group }) {
         if (configuration.contains(group))
             setDirectionRoad(configuration, mapSwcKeys, group);
@@ -70,7 +50,7 @@ void KeyMainWindow::setDirectionRoad(QJsonObject configuration, QMap<int, QStrin
 
 QMap<int, int> KeyMainWindow::insertSwcKey1Flag()
 {
-    const QMap<int, int> selection = selectionOf(selectChannel(mapSwcKeys, keyLine2));
+    const QMap<int, int> selection = selectChannel(mapSwcKeys, keyLine2);
     if (!selection.isEmpty())
         qDebug("[swc_print][func:%s][line:%d][size:%d][key:%d][value:%d]", __func__, __LINE__,
                selection.size(), selection.firstKey(), selection.first());
@@ -79,7 +59,7 @@ QMap<int, int> KeyMainWindow::insertSwcKey1Flag()
 
 QMap<int, int> KeyMainWindow::insertSwcKey2Flag()
 {
-    const QMap<int, int> selection = selectionOf(selectChannel(mapSwcKeys, keyLine3));
+    const QMap<int, int> selection = selectChannel(mapSwcKeys, keyLine3);
     if (!selection.isEmpty())
         qDebug("[swc_print][%s %d][size:%d][key:%d][value:%d]", __func__, __LINE__,
                selection.size(), selection.firstKey(), selection.first());
@@ -90,14 +70,14 @@ QMap<int, int> KeyMainWindow::insertSwcKey2Flag()
 // the old content goes, and on the medium before the program ends.
 void KeyMainWindow::saveSwcKeys()
 {
-    const ChannelChoice line2 = choiceOf(insertSwcKey1Flag());
-    if (line2.channel != -1)
-        qDebug("[swc_print][%s %d][key:%d][value:%d]", __func__, __LINE__, line2.channel,
-               line2.interval());
-    const ChannelChoice line3 = choiceOf(insertSwcKey2Flag());
-    if (line3.channel != -1)
-        qDebug("[swc_print][%s %d][key:%d][value:%d]", __func__, __LINE__, line3.channel,
-               line3.interval());
+    const QMap<int, int> line2 = insertSwcKey1Flag();
+    if (!line2.isEmpty())
+        qDebug("[swc_print][%s %d][key:%d][value:%d]", __func__, __LINE__, line2.firstKey(),
+               intervalFor(line2.first()));
+    const QMap<int, int> line3 = insertSwcKey2Flag();
+    if (!line3.isEmpty())
+        qDebug("[swc_print][%s %d][key:%d][value:%d]", __func__, __LINE__, line3.firstKey(),
+               intervalFor(line3.first()));
 
     QByteArray text;
     if (!mapSwcKeys.isEmpty()) {

@@ -2,23 +2,26 @@
 
 #include "androidtoast.h"
 #include "buttonstyles.h"
-#include "filewatch.h"
 #include "platformfiles.h"
 #include "reading.h"
 #include "records.h"
 
-#include <QByteArray>
 #include <QDebug>
 #include <QFile>
+#include <QFileSystemWatcher>
 #include <QPushButton>
 
 void KeyMainWindow::onFileChange(QString path)
 {
+    if (fileWatcher && sender() == fileWatcher)
+        watchAgain(path);
+
     Reading reading;
     if (!takeReading(path, &reading))
         return;
-    if (!curButton || curButton == btnClear || curButton == btnSave
-        || !isKnownKeyLine(reading.keyLine))
+    if (!curButton || curButton == btnClear || curButton == btnSave)
+        return;
+    if (reading.keyLine != keyLine2 && reading.keyLine != keyLine3)
         return;
 
     validKey = mapButtonKeys.value(curButton);
@@ -45,18 +48,20 @@ void KeyMainWindow::onFileChange(QString path)
     }
 }
 
+// Called before the file is read: changes that are queued for the old watch are dropped, since the
+// read sees their result, and every later change brings a new signal. The new watch also follows
+// the path to a file that was renamed over the old one.
+void KeyMainWindow::watchAgain(const QString &path)
+{
+    fileWatcher->removePath(path);
+    fileWatcher->addPath(path);
+}
+
 bool KeyMainWindow::takeReading(const QString &path, Reading *reading)
 {
-    quint64 inode = 0;
-    QByteArray bytes = readFile(path, &inode);
-    if (inode == 0 && !QFile::exists(path))
+    if (!QFile::exists(path))
         return false;
-    // A file that was not watched may have changed since it was read, without a signal.
-    if (fileWatcher && sender() == fileWatcher
-        && static_cast<FileWatch *>(fileWatcher)->follow(path, inode))
-        bytes = readFile(path);
-
-    const QString text = QString::fromUtf8(bytes.constData()); // ends at a NUL byte
+    const QString text = readText(path);
     switch (parseReading(text, reading)) {
     case ReadingFault::None:
         return true;
@@ -107,7 +112,7 @@ void KeyMainWindow::rejectReading()
 void KeyMainWindow::dropSamplesOfOtherKeys()
 {
     if (!mapSampleKeys.isEmpty() && keyCodeOf(mapSampleKeys.first()) != validKey)
-        initSampleKeys();
+        dropSamples();
 }
 
 void KeyMainWindow::insertSampleKeys(int &index, QString &sample)
@@ -129,9 +134,8 @@ bool KeyMainWindow::isChuanKey(QString &sample)
         qDebug("[swc_print][%s][mapSwcKeys' size is empty]", __func__);
         return false;
     }
-    const RecordFields fields(sample);
     for (const QString &learned : mapSwcKeys) {
-        if (collides(fields, RecordFields(learned)))
+        if (collides(sample, learned))
             return true;
     }
     return false;

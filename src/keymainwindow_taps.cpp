@@ -15,39 +15,39 @@
 #include <QSignalBlocker>
 #include <QTimer>
 
-// A timer reaches a slot by its name and passes no argument, so each key has a slot of its own.
-// The rows give both the slots' bodies and the table by code.
-#define TIME_OUT_SLOTS(ROW) \
-    ROW(314, Home) \
-    ROW(250, Back) \
-    ROW(148, Power) \
-    ROW(149, Mute) \
-    ROW(166, VolPlus) \
-    ROW(167, VolSubtract) \
-    ROW(232, Prev) \
-    ROW(233, Next) \
-    ROW(315, Src) \
-    ROW(157, Enter) \
-    ROW(347, Bluetooth) \
-    ROW(351, HangUp) \
-    ROW(325, Ilink) \
-    ROW(344, Siri) \
-    ROW(302, Music) \
-    ROW(226, Radio) \
-    ROW(155, Left) \
-    ROW(156, Right) \
-    ROW(153, Up) \
-    ROW(154, Down) \
-    ROW(326, Ams) \
-    ROW(247, PlayPause)
+namespace {
 
-#define SLOT_BODY(code, Name) \
-    void KeyMainWindow::recorrect##Name##BtnStatus() \
-    { \
-        recorrectBtnStatus(code); \
-    }
-TIME_OUT_SLOTS(SLOT_BODY)
-#undef SLOT_BODY
+// Returns null for a code without a slot: such a key can be selected, but never times out.
+const char *timeOutSlotOf(int code)
+{
+    static const QHash<int, const char *> timeOutSlots{
+        { 314, SLOT(recorrectHomeBtnStatus()) },
+        { 250, SLOT(recorrectBackBtnStatus()) },
+        { 148, SLOT(recorrectPowerBtnStatus()) },
+        { 149, SLOT(recorrectMuteBtnStatus()) },
+        { 166, SLOT(recorrectVolPlusBtnStatus()) },
+        { 167, SLOT(recorrectVolSubtractBtnStatus()) },
+        { 232, SLOT(recorrectPrevBtnStatus()) },
+        { 233, SLOT(recorrectNextBtnStatus()) },
+        { 315, SLOT(recorrectSrcBtnStatus()) },
+        { 157, SLOT(recorrectEnterBtnStatus()) },
+        { 347, SLOT(recorrectBluetoothBtnStatus()) },
+        { 351, SLOT(recorrectHangUpBtnStatus()) },
+        { 325, SLOT(recorrectIlinkBtnStatus()) },
+        { 344, SLOT(recorrectSiriBtnStatus()) },
+        { 302, SLOT(recorrectMusicBtnStatus()) },
+        { 226, SLOT(recorrectRadioBtnStatus()) },
+        { 155, SLOT(recorrectLeftBtnStatus()) },
+        { 156, SLOT(recorrectRightBtnStatus()) },
+        { 153, SLOT(recorrectUpBtnStatus()) },
+        { 154, SLOT(recorrectDownBtnStatus()) },
+        { 326, SLOT(recorrectAmsBtnStatus()) },
+        { 247, SLOT(recorrectPlayPauseBtnStatus()) },
+    };
+    return timeOutSlots.value(code);
+}
+
+} // namespace
 
 void KeyMainWindow::onTouchKeysClicked()
 {
@@ -125,16 +125,6 @@ void KeyMainWindow::showNotice(int level, const QString &text)
     if (!AndroidToast::isShowToast)
         AndroidToast::showTip(level, text, nullptr);
 }
-
-// Null for a code without a slot: such a key can be selected, and never times out.
-const char *KeyMainWindow::timeOutSlotOf(int code)
-{
-#define TABLE_ROW(code, Name) { code, SLOT(recorrect##Name##BtnStatus()) },
-    static const QHash<int, const char *> slotsByCode{ TIME_OUT_SLOTS(TABLE_ROW) };
-#undef TABLE_ROW
-    return slotsByCode.value(code);
-}
-#undef TIME_OUT_SLOTS
 
 void KeyMainWindow::recorrectBtnStatus(int code)
 {
