@@ -13,7 +13,7 @@ int Util::getLanguageIdx()
 {
     QByteArray settings = readFile(Platform::settings);
     QBuffer file(&settings);
-    file.open(QIODevice::ReadOnly | QIODevice::Text);
+    file.open(QIODevice::ReadOnly);
     while (!file.atEnd()) {
         const QString line = QString::fromUtf8(file.readLine().simplified());
         if (!line.startsWith("SystemLanguageId"))

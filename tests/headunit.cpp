@@ -4,14 +4,16 @@
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QDesktopWidget>
 #include <QDir>
 #include <QFile>
-#include <QLabel>
+#include <QPushButton>
+#include <QRect>
 #include <QRegularExpression>
-#include <QTimerEvent>
+#include <QScreen>
+#include <QTimer>
 
 #include <ctime>
-#include <memory>
 #include <utility>
 
 #include <sys/syscall.h>
@@ -19,49 +21,56 @@
 
 namespace {
 
-constexpr int longestSlice = 100; // of time that passes at once, in milliseconds
+constexpr int maxStep = 100; // of the clock, in milliseconds
 
-// Far beyond the real time, so that no wait of another thread until some time of it ever ends.
-qint64 milliseconds = 1000000000000;
+// Far ahead of the real time, so that timed waits of other threads never expire.
+qint64 now = 1000000000000;
 
-const bool withoutScreen = qputenv("QT_QPA_PLATFORM", "offscreen");
-const bool withoutTimeout = qputenv("QTEST_FUNCTION_TIMEOUT", "2000000000"); // this clock is fast
+QSize screenSize;
 
-QString logText;
-QtMessageHandler handlerBefore;
+const bool withoutDisplay = qputenv("QT_QPA_PLATFORM", "offscreen");
+// Qt Test's own time limit reads this clock too; CTest has one for every test.
+const bool withoutTimeLimit = qputenv("QTEST_FUNCTION_TIMEOUT", "2000000000");
+
+QStringList logLines;
+QtMessageHandler qtHandler;
 
 void recordLog(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
-    const QRegularExpression line(QString("( |\\[line:)%1\\]").arg(context.line));
+    const QRegularExpression sourceLine(QString("( |\\[line:)%1\\]").arg(context.line));
     if (type == QtDebugMsg && qstrcmp(context.category, "default") == 0)
-        logText += QString(text).replace(line, "\\1LINE]") + '|';
-    else if (!text.startsWith("This plugin does not support")) // a place on a screen
-        handlerBefore(type, context, text);
+        logLines += QString(text).replace(sourceLine, "\\1N]");
+    else if (!text.startsWith("This plugin does not support")) // moving a window, for example
+        qtHandler(type, context, text);
 }
-
-// Does something once, in the event loop.
-struct Later : QObject
-{
-    explicit Later(std::function<void()> what) : action(std::move(what)) { startTimer(0); }
-    void timerEvent(QTimerEvent *event) override
-    {
-        killTimer(event->timerId());
-        action();
-    }
-    const std::function<void()> action;
-};
 
 } // namespace
 
-// Takes the place of the C library's: Qt's timers and animations read this clock.
+// Takes the place of the C library's function.
 // NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): reserved there
 extern "C" int clock_gettime(clockid_t clock, timespec *time) noexcept
 {
     if (clock != CLOCK_MONOTONIC)
         return static_cast<int>(syscall(SYS_clock_gettime, clock, time));
-    time->tv_sec = static_cast<time_t>(milliseconds / 1000);
-    time->tv_nsec = static_cast<long>(milliseconds % 1000 * 1000000);
+    time->tv_sec = static_cast<time_t>(now / 1000);
+    time->tv_nsec = static_cast<long>(now % 1000 * 1000000);
     return 0;
+}
+
+// These two take the place of Qt's functions: its platform without a display has one size only.
+const QRect QDesktopWidget::availableGeometry(int) const
+{
+    return { QPoint(), screenSize };
+}
+
+QSize QScreen::size() const
+{
+    return screenSize;
+}
+
+void setScreen(const QSize &size)
+{
+    screenSize = size;
 }
 
 void handleEvents()
@@ -70,10 +79,10 @@ void handleEvents()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-void pass(int duration)
+void pass(int milliseconds)
 {
-    for (; duration > 0; duration -= longestSlice) {
-        milliseconds += qMin(longestSlice, duration);
+    for (; milliseconds > 0; milliseconds -= maxStep) {
+        now += qMin(maxStep, milliseconds);
         handleEvents();
     }
 }
@@ -82,7 +91,7 @@ void write(const QString &path, const QByteArray &content)
 {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        qFatal("can't write a file of the test");
+        qFatal("can't write %s", qPrintable(path));
 }
 
 QByteArray read(const QString &path)
@@ -91,60 +100,52 @@ QByteArray read(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-void addRows(const QString &table)
+QStringList takeLog()
 {
-    QTest::addColumn<QString>("input");
-    QTest::addColumn<QString>("expected");
-    const QString rows = QString(read(QFINDTESTDATA("tables/" + table + ".txt"))).section('\n', 1);
-    for (QString row : rows.split('\n', QString::SkipEmptyParts)) {
-        row.replace("\\r", "\r").replace("\\n", "\n").replace("\\t", "\t").replace("\\0", QChar(0));
-        const QString input = row.section(" =>", 0, 0).section(": ", 1);
-        QTest::newRow(qPrintable(row.section(": ", 0, 0))) << input << row.section(" =>", 1).mid(1);
-    }
+    return std::exchange(logLines, QStringList());
 }
 
-QString takeLog()
+QList<QLabel *> shownNotices()
 {
-    return std::exchange(logText, QString(""));
-}
-
-QList<QLabel *> notices()
-{
-    QList<QLabel *> found;
+    QList<QLabel *> notices;
     for (const QWidget *widget : QApplication::topLevelWidgets()) {
         if (qobject_cast<const AndroidToast *>(widget))
-            found += widget->findChild<QLabel *>();
+            notices += widget->findChild<QLabel *>();
     }
-    return found;
+    return notices;
+}
+
+int exitCodeOf(const std::function<void()> &action)
+{
+    QGuiApplication::setQuitOnLastWindowClosed(false); // the window itself is not shown
+    QTimer start;
+    QTimer giveUp;
+    QObject::connect(&giveUp, &QTimer::timeout, [] { QCoreApplication::exit(stillRunning); });
+    QObject::connect(&start, &QTimer::timeout, [&] {
+        start.stop();
+        action();
+        giveUp.start(0);
+    });
+    start.start(0);
+    return QCoreApplication::exec();
 }
 
 void answer(const QString &text)
 {
-    QWidget *question = QApplication::activeModalWidget();
-    for (QPushButton *button : question->findChildren<QPushButton *>()) {
+    for (QPushButton *button : QApplication::activeModalWidget()->findChildren<QPushButton *>()) {
         if (button->text() == text)
-            return button->click();
+            button->click();
     }
-    QTest::keyClick(question, Qt::Key_Escape);
 }
 
-int exitCodeOf(QPushButton *button, const std::function<void()> &reply)
-{
-    QGuiApplication::setQuitOnLastWindowClosed(false); // the window itself is not shown
-    std::unique_ptr<Later> giveUp;
-    const Later start([&] {
-        const Later later(reply);
-        button->click();
-        giveUp = std::make_unique<Later>([] { QCoreApplication::exit(stillRunning); });
-    });
-    return QCoreApplication::exec();
-}
-
-// Time-outs that begin with a second are exact: Qt may move others by 5 percent.
+// Qt may move a timer by 5 percent, but not one that starts at a full second.
 HeadUnit::HeadUnit(const QByteArray &configuration)
-    : folder((QDir("/dev/shm").exists() ? "/dev/shm" : QDir::tempPath()) + "/velmora-XXXXXX")
+    : folder((QDir("/dev/shm").exists() ? "/dev/shm" : QDir::tempPath()) + "/velmora-XXXXXX"),
+      previousHandler(qInstallMessageHandler(recordLog))
 {
-    milliseconds += 1000 - milliseconds % 1000;
+    qtHandler = previousHandler;
+    setScreen({ 800, 480 });
+    now += 1000 - now % 1000;
     QDir::setCurrent(folder.path());
     QDir().mkpath("media/flash/nvm/Corvane");
     write(readingPath, "");
@@ -152,59 +153,11 @@ HeadUnit::HeadUnit(const QByteArray &configuration)
     if (!configuration.isNull())
         write(configurationPath, configuration);
     takeLog();
-    handlerBefore = qInstallMessageHandler(recordLog);
 }
 
 HeadUnit::~HeadUnit()
 {
     if (QCoreApplication::instance())
         pass(3000); // the last notice goes
-    qInstallMessageHandler(handlerBefore);
-}
-
-void KeyMainWindowProbe::play(const QString &steps)
-{
-    for (const QString &step : steps.split(' ', QString::SkipEmptyParts)) {
-        const QByteArray payload = step == "up" ? "2,4095,4095,4095" : step.toLatin1();
-        if (step == "clear" || step == "save")
-            exitCodeOf(step == "save" ? save : clear, [] { answer("Yes"); });
-        else if (step.contains('='))
-            learned.insert(step.section('=', 0, 0).toInt(), step.section('=', 1));
-        else if (step.startsWith("text:"))
-            write(readingPath, step.mid(5).toLatin1());
-        else if (payload.contains(','))
-            writeReading(readingPath, readingText(payload), way);
-        else if (step == "gone")
-            QFile::remove(readingPath);
-        else if (step.startsWith("recorrect"))
-            QMetaObject::invokeMethod(&window, payload);
-        else if (step.startsWith("touch"))
-            QTest::mousePress(keys.key(step.mid(5).toInt()), Qt::LeftButton);
-        else if (step.endsWith("ms"))
-            pass(step.section("ms", 0, 0).toInt());
-        else
-            keys.key(step.toInt())->click();
-        handleEvents();
-    }
-}
-
-QString KeyMainWindowProbe::state() const
-{
-    QStringList parts;
-    for (QPushButton *key : window.findChildren<QPushButton *>()) {
-        QString colour = key->styleSheet().remove(";border-radius:6px;border:none;outline:none");
-        colour.remove("background-color:");
-        if (colour != "QPushButton{rgb(80,80,80)}")
-            parts += QString::number(keys.value(key)) + ' ' + colour;
-    }
-    for (auto key = learned.cbegin(); key != learned.cend(); ++key)
-        parts += QString("%1=%2").arg(key.key()).arg(key.value());
-    for (int code : pending)
-        parts += QString("waits %1").arg(code);
-    for (auto sample = samples.cbegin(); sample != samples.cend(); ++sample)
-        parts += QString("sample %1").arg(sample.key());
-    for (const QLabel *notice : notices())
-        parts +=
-            notice->styleSheet().section("color:", 2).section(';', 0, 0) + ' ' + notice->text();
-    return parts.join("; ");
+    qInstallMessageHandler(previousHandler);
 }

@@ -1,0 +1,84 @@
+#include "learningwindow.h"
+
+#include <QHash>
+#include <QTimer>
+
+LearningWindow::LearningWindow(const QByteArray &configuration)
+    : HeadUnit(configuration), KeyMainWindow(nullptr)
+{
+}
+
+void LearningWindow::tap(int code)
+{
+    button(code)->click();
+    handleEvents();
+}
+
+int LearningWindow::save()
+{
+    return exitCodeOf([this] { btnSave->click(); });
+}
+
+int LearningWindow::clear(const std::function<void()> &reply)
+{
+    return exitCodeOf([this, &reply] {
+        QTimer inTheQuestion;
+        inTheQuestion.setSingleShot(true);
+        connect(&inTheQuestion, &QTimer::timeout, reply);
+        inTheQuestion.start(0);
+        btnClear->click();
+    });
+}
+
+int LearningWindow::clear(const QString &button)
+{
+    return clear([&button] { answer(button); });
+}
+
+void LearningWindow::measure(int keyLine, int adc1, int adc2, int adc3)
+{
+    writeText(QString("99:%1,%2,%3,%4").arg(keyLine).arg(adc1).arg(adc2).arg(adc3).toLatin1());
+}
+
+void LearningWindow::release()
+{
+    measure(2, 4095, 4095, 4095);
+}
+
+void LearningWindow::writeText(const QByteArray &text)
+{
+    write(readingPath, text);
+    handleEvents();
+}
+
+void LearningWindow::learn(int code, const QString &record)
+{
+    mapSwcKeys.insert(code, record);
+}
+
+QString LearningWindow::colourOf(int code) const
+{
+    const QString rest = ";border-radius:6px;border:none;outline:none";
+    const QHash<QString, QString> names = {
+        { "QPushButton{background-color:rgb(80,80,80)" + rest + "}", Gray },
+        { "background-color:blue" + rest, Blue },
+        { "background-color:green" + rest, Green },
+        { "QPushButton{background-color:green" + rest + "}", GreenAtStart },
+    };
+    const QString style = button(code)->styleSheet();
+    return names.value(style, style);
+}
+
+QString LearningWindow::notice() const
+{
+    QStringList texts;
+    for (const QLabel *label : shownNotices())
+        texts += label->text();
+    return texts.join(" above ");
+}
+
+QString LearningWindow::noticeColour() const
+{
+    const QString style = shownNotices().isEmpty() ? "" : shownNotices().first()->styleSheet();
+    return style.section("; color:", 1).section(';', 0, 0);
+}

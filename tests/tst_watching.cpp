@@ -1,0 +1,123 @@
+#include "learningwindow.h"
+
+#include <QFile>
+
+#include <cstdio>
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+enum Method { Truncate, Overwrite, Rename, Pieces };
+
+// All three values are equal, so that half of one text and half of another are told from a whole
+// one.
+QByteArray readingText(int number)
+{
+    return QString("16:2,%1,%1,%1").arg(1000 + number % 3000).toLatin1();
+}
+
+void writeReading(const QByteArray &text, Method method)
+{
+    const char *path = method == Rename ? "new" : readingPath;
+    const int file = open(path, O_WRONLY | O_CREAT | (method == Overwrite ? 0 : O_TRUNC), 0666);
+    const int firstPiece = method == Pieces ? text.lastIndexOf(',') : 0;
+    if (::write(file, text.constData(), firstPiece) < 0
+        || ::write(file, text.constData() + firstPiece, text.size() - firstPiece) < 0)
+        _exit(1);
+    close(file);
+    if (method == Rename)
+        std::rename(path, readingPath);
+}
+
+// Another process writes that many readings, each of them after the pause, while this one handles
+// its events. Returns true if it could write all of them.
+bool driverWrites(int count, Method method, useconds_t pause)
+{
+    const pid_t driver = fork();
+    if (driver == 0) {
+        for (int i = 0; i < count; ++i) {
+            usleep(pause);
+            writeReading(readingText(i), method);
+        }
+        _exit(0);
+    }
+    int status = -1;
+    while (waitpid(driver, &status, WNOHANG) == 0)
+        handleEvents();
+    handleEvents();
+    return status == 0;
+}
+
+} // namespace
+
+class TestWatching : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    // The kernel reports the truncation and the write separately. A reading taken twice would turn
+    // a learned button gray again if it is a release.
+    void aTruncationAndAWriteAreOneReading()
+    {
+        constexpr int count = 3000;
+        LearningWindow window;
+        window.tap(Home);
+        takeLog();
+        QVERIFY(driverWrites(count, Truncate, 1000));
+        const int readings = takeLog().filter("validKey:").size();
+        QVERIFY2(readings < count * 1.2, qPrintable(QString::number(readings)));
+    }
+
+    void theLastReadingIsSeenAndNoTextIsTorn_data()
+    {
+        QTest::addColumn<int>("method");
+        QTest::newRow("truncate and write") << int(Truncate);
+        QTest::newRow("overwrite") << int(Overwrite);
+        QTest::newRow("rename") << int(Rename);
+        QTest::newRow("two pieces") << int(Pieces);
+    }
+    void theLastReadingIsSeenAndNoTextIsTorn()
+    {
+        QFETCH(int, method);
+        LearningWindow window;
+        window.tap(Home);
+        for (int burst = 1; burst <= 100; ++burst) {
+            QVERIFY(driverWrites(burst, static_cast<Method>(method), 0));
+            QCOMPARE(window.lastSample(), "314," + QString(readingText(burst - 1)).mid(3));
+        }
+        for (const QString &sample : window.samples()) {
+            const QString value = sample.section(',', 2, 2);
+            QCOMPARE(sample, QString("314,2,%1,%1,%1").arg(value));
+        }
+    }
+
+    void aFileThatIsGoneIsIgnored()
+    {
+        LearningWindow window;
+        window.tap(Home);
+        takeLog();
+        QFile::remove(readingPath);
+        handleEvents();
+        QCOMPARE(takeLog(), QStringList());
+        QCOMPARE(window.colourOf(Home), Blue);
+    }
+
+    void aFileThatComesLaterIsNotWatched()
+    {
+        const HeadUnit unit;
+        QFile::remove(readingPath);
+        KeyMainWindow window(nullptr);
+        write(readingPath, "");
+        window.onFileChange(readingPath);
+        takeLog();
+        write(readingPath, "no colon");
+        handleEvents();
+        QCOMPARE(takeLog(), QStringList());
+    }
+};
+
+QTEST_MAIN(TestWatching)
+#include "tst_watching.moc"
