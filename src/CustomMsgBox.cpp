@@ -19,7 +19,8 @@ constexpr char labelStyle[] = "font-size:24px;color:white;font:normal";
 constexpr char buttonStyle[] = "QPushButton{background-color:rgb(80,80,80);color:white;"
                                "border-radius:2px;border:none;outline:none}";
 
-int part(int whole, double share) // every product is cut to whole pixels on its own
+// Truncates each product to whole pixels.
+int part(int whole, double share)
 {
     return static_cast<int>(whole * share);
 }

@@ -6,13 +6,13 @@
 class QLabel;
 class QPushButton;
 
-// A frameless modal question. exec() gives 1 for Yes, 0 for No and for the Escape key.
+// A frameless modal question. exec() returns 1 for Yes, and 0 for No or the Escape key.
 class CustomMsgBox : public QDialog
 {
     Q_OBJECT
 
 public:
-    // The first argument is not used: the dialog is always a top-level window.
+    // The first argument is ignored: the dialog is always a top-level window.
     CustomMsgBox(QWidget *, QString text);
 
 public slots:

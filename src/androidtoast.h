@@ -18,13 +18,13 @@ public:
 
     explicit AndroidToast(QWidget *parent);
 
-    // Shows `text` in the colour of its level, black for an unknown one. Returns at once; the
-    // notice owns itself.
+    // Shows `text` in the colour of the level, or in black if the level is unknown. Returns at
+    // once; the notice owns itself.
     static void showTip(int level, const QString &text, QWidget *parent);
 
     void setText(int level, const QString &text);
 
-    // Fades in now and begins to fade out after `msec` milliseconds.
+    // Fades in now, and starts to fade out after `msec` milliseconds.
     void startAnimation(int msec);
 
     static bool isShowToast;

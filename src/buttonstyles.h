@@ -1,6 +1,6 @@
 #pragma once
 
-// The colour of a button is its state; nothing else on the screen shows it.
+// The colour of a button shows the state of its key.
 namespace ButtonStyles {
 
 constexpr char unlearned[] = "QPushButton{background-color:rgb(80,80,80);border-radius:6px;"

@@ -9,7 +9,7 @@ Catalogue readCatalogue(QIODevice &file)
     Catalogue catalogue;
     while (!file.atEnd()) {
         const QByteArray bytes = file.readLine();
-        const QString line = QString::fromUtf8(bytes.constData()); // ends at a NUL byte
+        const QString line = QString::fromUtf8(bytes.constData()); // up to a NUL byte
         if (line.isEmpty() || line.startsWith('#'))
             continue;
         const QStringList fields = line.simplified().split(' ', QString::SkipEmptyParts);

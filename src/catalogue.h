@@ -13,6 +13,6 @@ struct Catalogue
     QStringList iconPaths;
 };
 
-// Reads "name code icon" rows from an open device. A comment has "#" as its very first character;
-// a row of fewer than three fields is skipped, a code that is no number counts as 0.
+// Reads rows of "name code icon" from an open device. A line that starts with "#" is a comment. A
+// row of fewer than three fields is skipped, and a code that is not a number counts as 0.
 Catalogue readCatalogue(QIODevice &file);

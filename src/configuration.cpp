@@ -27,7 +27,8 @@ QVector<int> valuesOn(int channel, const QMap<int, QString> &learnedKeys, int ke
     return values;
 }
 
-// A negative lowest value stays below every difference, so the result always fits an int.
+// The result fits into an int: it is never greater than the lowest value, and a difference is
+// never negative.
 int smallestSpacing(QVector<int> values)
 {
     std::sort(values.begin(), values.end());

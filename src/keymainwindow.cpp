@@ -29,7 +29,7 @@ constexpr char instructionsStyle[] =
     "background-color:rgb(0, 0, 0);font-size:20px;color:white;font:normal";
 constexpr char separatorStyle[] = "background-color:gray;";
 
-// Only the head unit's two screens have buttons of their own size.
+// The sizes of the buttons are made for the two screens of head units.
 QSize buttonSizeFor(const QSize &screen)
 {
     if (screen != QSize(800, 480) && screen != QSize(1024, 600))
@@ -45,7 +45,7 @@ KeyMainWindow::KeyMainWindow(QWidget *parent) : QWidget(parent)
     const QRect available = availableScreen();
     setGeometry(available);
     std::printf("x:%d, y:%d\n", available.width(), available.height());
-    std::fflush(stdout); // standard output may be a pipe that somebody reads meanwhile
+    std::fflush(stdout); // if it is a pipe, its reader waits for the line
 
     setWindowFlags(Qt::WindowStaysOnTopHint);
     QPalette black = palette();
@@ -172,7 +172,7 @@ QHBoxLayout *KeyMainWindow::createControls(const QSize &buttonSize)
     return controls;
 }
 
-// If the reading file is missing now, it stays unwatched for the window's life.
+// A reading file that is created later is not watched.
 void KeyMainWindow::watchReadings()
 {
     fileWatcher = new QFileSystemWatcher(this);

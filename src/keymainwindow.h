@@ -16,8 +16,8 @@ class QHBoxLayout;
 class QLabel;
 class QPushButton;
 
-// The one window. It owns all that is being learned; a tapped key is pending while its code stands
-// in clickAndValidKeys, and readings go to the button that was tapped last.
+// The learning window. A tapped key waits as long as its code is in clickAndValidKeys. Readings go
+// to the button that was tapped last.
 class KeyMainWindow : public QWidget
 {
     Q_OBJECT
@@ -26,28 +26,28 @@ public:
     explicit KeyMainWindow(QWidget *parent);
     ~KeyMainWindow() override;
 
-    // Files exchanged with the driver: nothing happens where the flag file is missing.
+    // The flag for the driver. A missing file is not created.
     void writeLearnFlag(bool on);
     void writeClearFlag();
 
-    // Samples of the key being learned, and the records they become.
-    void insertSampleKeys(int &index, QString &sample); // refuses a sample it already has
+    // The samples of the key being learned, and the learned keys.
+    void insertSampleKeys(int &index, QString &sample); // refuses an equal one
     bool isChuanKey(QString &sample); // collides with a learned key, its own included
-    int insertSwcKeys(); // 0, or -1 where there are no samples
+    int insertSwcKeys(); // 0, or -1 if there are no samples
     bool isKeyLearned(int code);
     void initSampleKeys();
     void initSwcKeys();
 
     // The key configuration file and its backup.
-    int loadSwcKeys(); // number of learned keys, -1 where the file is missing
+    int loadSwcKeys(); // number of keys, or -1 if the file is missing
     void setDirectionRoad(QJsonObject configuration, QMap<int, QString> &learnedKeys,
                           QString group);
     QMap<int, int> insertSwcKey1Flag(); // channel and spacing of key line 2
     QMap<int, int> insertSwcKey2Flag(); // channel and spacing of key line 3
     void saveSwcKeys();
-    void backupDirection(); // once: an existing backup stays as it is
+    void backupDirection(); // unless there is one
 
-    // Gives up a selection that is still pending.
+    // Ends a selection that still waits.
     void recorrectBtnStatus(int code);
 
 public slots:
@@ -81,7 +81,7 @@ private slots:
     void recorrectPlayPauseBtnStatus() { recorrectBtnStatus(247); }
 
 private:
-    friend class LearningWindow; // the tests' view of the learning state
+    friend class LearningWindow; // for the tests
 
     void buildScreen(const Catalogue &catalogue, const QSize &screen);
     QLabel *createText(const QString &text, const char *style, Qt::Alignment alignment);
@@ -104,7 +104,7 @@ private:
     void handleRelease();
     void rejectReading();
     void dropSamplesOfOtherKeys();
-    void dropSamples(); // without a line in the log
+    void dropSamples(); // without a log line
 
     bool removePending(int code);
 

@@ -9,7 +9,8 @@
 #include <QDebug>
 #include <QFile>
 
-// The "0" goes to the medium: with a "1" from before, the next boot would begin in learning mode.
+// The "0" is flushed: if the power failed before it is on the medium, the next boot would start in
+// learning mode.
 void KeyMainWindow::writeLearnFlag(bool on)
 {
     if (!QFile::exists(Platform::flag))
@@ -66,8 +67,8 @@ QMap<int, int> KeyMainWindow::insertSwcKey2Flag()
     return selection;
 }
 
-// The file is rewritten in place, since the driver may hold it open. The bytes are ready before
-// the old content goes, and on the medium before the program ends.
+// The file is rewritten in place, because the driver may have it open. The text is serialised
+// before the file is truncated, and flushed before the program ends.
 void KeyMainWindow::saveSwcKeys()
 {
     const QMap<int, int> line2 = insertSwcKey1Flag();

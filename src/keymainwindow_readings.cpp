@@ -108,7 +108,7 @@ void KeyMainWindow::rejectReading()
     qDebug("[swc_print][line:%d][Velmora %d is fail!] GRAY...", __LINE__, validKey);
 }
 
-// Two keys can wait at once; a record is made of the samples of one.
+// Two keys can wait at once, but a record is made from the samples of one.
 void KeyMainWindow::dropSamplesOfOtherKeys()
 {
     if (!mapSampleKeys.isEmpty() && keyCodeOf(mapSampleKeys.first()) != validKey)

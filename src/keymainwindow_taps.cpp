@@ -73,8 +73,8 @@ void KeyMainWindow::selectKey(int code)
         showNotice(AndroidToast::Red, tr("LEARNED."));
         return;
     }
-    // A new selection starts without the samples that an earlier one left behind. A second tap on a
-    // key that still waits is no new selection.
+    // Samples of an earlier selection must not count. A second tap on a key that still waits keeps
+    // its samples.
     if (!clickAndValidKeys.contains(code))
         dropSamples();
     curButton->setStyleSheet(ButtonStyles::selected);
@@ -87,8 +87,8 @@ void KeyMainWindow::askToClear()
 {
     CustomMsgBox question(this, "Delete data?");
     const int answer = answerTo(&question);
-    // exec() also returns where the program is ending, after a tap on save just before this one.
-    // The question is still open then, and nobody has answered it.
+    // After a queued tap on save, exec() returns at once because the event loop is ending. The
+    // question is then still open, and nobody has answered it.
     const bool answered = !question.isVisible();
     if (answered && answer == QDialog::Accepted) {
         clearKeys();
@@ -102,8 +102,8 @@ void KeyMainWindow::askToClear()
     question.close();
 }
 
-// A slow unit queues taps: one right behind the answer is handled before exec() returns, and save
-// would write what the answer is about to delete.
+// A slow unit queues taps. One that follows the answer is handled before exec() returns, and a save
+// would write the keys that the answer deletes.
 int KeyMainWindow::answerTo(CustomMsgBox *question)
 {
     const QSignalBlocker noSave(btnSave);

@@ -18,15 +18,15 @@
 
 namespace {
 
-constexpr int chineseIndex = 1; // every other system language gets English
+constexpr int chineseIndex = 1; // every other system language means English
 
-// Where standard input, output or error is closed, the next file that is opened gets its number,
-// and lines for the log would go into the connection to the screen.
+// If standard input, output or error is closed, the next file gets its descriptor, and the log
+// would be written into the connection to the display.
 void openStandardFiles()
 {
     for (int file : { STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO }) {
         if (fcntl(file, F_GETFD) == -1)
-            open("/dev/null", O_RDWR); // gets the lowest number that is free
+            open("/dev/null", O_RDWR); // gets the lowest free descriptor
     }
 }
 
@@ -37,7 +37,7 @@ void installTranslation(QApplication *application, const QString &path)
         qDebug() << "[swc_print] no exist.";
         return;
     }
-    // A null text would stand for Qt's default suffix and delimiters, an empty one is none.
+    // A null string would mean Qt's default suffix and delimiters.
     const QString none("");
     auto *translator = new QTranslator(application);
     const bool loaded = translator->load(path, none, none, none);
@@ -51,7 +51,7 @@ void installTranslation(QApplication *application, const QString &path)
 int main(int argc, char **argv)
 {
     openStandardFiles();
-    std::signal(SIGPIPE, SIG_IGN); // the log's reader may go before the program does
+    std::signal(SIGPIPE, SIG_IGN); // the reader of the log may end first
 
     QApplication application(argc, argv);
     Util util;

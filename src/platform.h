@@ -1,8 +1,8 @@
 #pragma once
 
-// Every file that is shared with the platform. SWC_PLATFORM_ROOT goes in front of the absolute
-// paths; it is empty on the head unit and "." at the desk, where the working directory stands in
-// for the root of the unit.
+// The files that are shared with the platform. SWC_PLATFORM_ROOT is put in front of the absolute
+// paths: it is empty on a head unit and "." in the desk build, which works below the current
+// directory.
 #ifndef SWC_PLATFORM_ROOT
 #define SWC_PLATFORM_ROOT ""
 #endif
@@ -12,7 +12,7 @@ namespace Platform {
 constexpr char englishTexts[] = SWC_PLATFORM_ROOT "/application/languages/Velmora_en_gb.qm";
 constexpr char chineseTexts[] = SWC_PLATFORM_ROOT "/application/languages/Velmora_zh_rCN.qm";
 
-// Relative on the head unit too: it is resolved against the working directory.
+// Relative on a head unit too.
 constexpr char settings[] = "media/flash/nvm/Corvane/UserData.ini";
 
 constexpr char reading[] = SWC_PLATFORM_ROOT "/media/flash/nvm/swc_keys";

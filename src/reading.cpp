@@ -13,7 +13,7 @@ ReadingFault parseReading(const QString &text, Reading *reading)
         return ReadingFault::NoColon;
 
     const QStringList parts = text.split(':');
-    const QString payload = parts.at(1).left(parts.at(0).toInt()); // a negative count takes all
+    const QString payload = parts.at(1).left(parts.at(0).toInt()); // all of it if negative
     const QVector<int> fields = fieldsOf(payload);
     if (fields.size() < 1 + channelCount)
         return ReadingFault::TooFewFields;

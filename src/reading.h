@@ -4,7 +4,7 @@
 
 #include <array>
 
-constexpr int channelCount = 3; // values of the converter in a reading
+constexpr int channelCount = 3; // converter values in a reading
 
 // The driver's two groups of keys.
 constexpr int keyLine2 = 2;
@@ -28,8 +28,8 @@ enum class ReadingClass {
 
 enum class ReadingFault { None, NoColon, TooFewFields };
 
-// Parses "<count>:<payload>", for example "16:2,1200,4094,4094". `reading` is filled only where
-// the result is ReadingFault::None. A field that is no decimal int counts as 0.
+// Parses "<count>:<payload>", for example "16:2,1200,4094,4094". `reading` is set only if
+// the result is ReadingFault::None. A field that is not a decimal int counts as 0.
 ReadingFault parseReading(const QString &text, Reading *reading);
 
 ReadingClass classify(const Reading &reading);

@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QDesktopWidget>
 
-// Qt deprecated the call later than 5.3; its successors name another screen where there are two.
+// Qt deprecated the call after 5.3. Its successor may choose another screen if there are two.
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
 
 QRect availableScreen()

@@ -2,5 +2,5 @@
 
 #include <QRect>
 
-// The part of the default screen that no panel takes, in pixels.
+// The area of the default screen that no panel takes, in pixels.
 QRect availableScreen();
