@@ -12,7 +12,7 @@ check_format() {
 }
 
 check_tidy() {
-    git ls-files -- {src,simulator,tests,bench}/'*.cpp' | xargs -P 2 -n 1 \
+    git ls-files -- {src,wheel,tests,bench}/'*.cpp' | xargs -P 2 -n 1 \
         clang-tidy --quiet -p "$build" --extra-arg=-DFUZZ_TARGET=reading 2> >(grep -v 'warnings generated' >&2)
 }
 

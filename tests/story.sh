@@ -10,7 +10,7 @@ simulator=$2
 language=$5
 . "$project/desk/x11.sh"
 . "$project/desk/story.sh"
-driver_options=(--exact --write "$6")
+driver_options=(--exact)
 runner=("${@:7}")
 
 # The driver's files are in memory: a busy disk can hold up a reading for seconds.

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "wheel.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QVector>
+
+#include <random>
+
+// Returns the code of the learned key that a measurement is decoded as, 0 if there is none: of the
+// keys of the line whose interval has the value of their channel in it, the nearest. The
+// configuration is the content of direction.json.
+int decode(int line, const QVector<int> &adc, const QByteArray &configuration);
+
+// Returns the content of a file, at most 1 MiB, or an empty array if it can't be read.
+QByteArray readFile(const QString &path);
+
+// Stands in for the key driver of a head unit: writes the measurements of the pressed key into
+// swc_keys, and decodes them by direction.json while the flag is 0.
+class Driver
+{
+public:
+    static constexpr int period = 50; // between two measurements, in milliseconds
+
+    // The root is the folder above media/flash/nvm.
+    Driver(const Wheel &wheel, const QString &root);
+
+    // Writes the first measurement. The key is one of the wheel's.
+    void press(const WheelKey &key);
+    // Writes another measurement, to be called once a period. Does nothing if no key is pressed.
+    void measure();
+    void release();
+
+    const WheelKey *pressedKey() const { return key; }
+    QByteArray reading() const { return text; } // written last
+    bool hasFailed() const { return failed; } // to write swc_keys in the last press
+    QString flag() const; // empty if there is none
+    int decodedCode() const; // of the pressed key; 0 for none, or if the flag is not 0
+
+    const Wheel wheel;
+    const QString root;
+
+private:
+    void write(const QVector<int> &values);
+    QString path(const QString &name) const;
+
+    const WheelKey *key = nullptr;
+    QVector<int> adc; // of the last measurement
+    QByteArray text;
+    bool failed = false;
+    std::mt19937 generator;
+};
