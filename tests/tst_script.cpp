@@ -98,7 +98,7 @@ private slots:
         QTest::newRow("press up 0.5s") << "line 3: \"press up 0.5s\" is none of press KEY";
         QTest::newRow("press foo") << "line 3: there is no key foo";
         QTest::newRow("press up 0ms") << "line 3: can't write swc_keys";
-        QTest::newRow("flag 1 0ms") << "line 3: the flag is \"0\", not \"1\"";
+        QTest::newRow("flag 1 0ms") << R"(line 3: the flag is "0", not "1")";
     }
 
     void stopsAtTheFirstLineThatFails()

@@ -7,6 +7,8 @@
 #include <QJsonObject>
 #include <QJsonValue>
 
+#include <utility>
+
 int decode(int line, const QVector<int> &adc, const QByteArray &configuration)
 {
     int code = 0;
@@ -34,7 +36,7 @@ QByteArray readFile(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.read(1 << 20) : QByteArray();
 }
 
-Driver::Driver(const Wheel &wheel, const QString &root) : wheel(wheel), root(root) { }
+Driver::Driver(Wheel wheel, QString root) : wheel(std::move(wheel)), root(std::move(root)) { }
 
 void Driver::press(const WheelKey &key)
 {
@@ -70,10 +72,10 @@ QString Driver::flag() const
 
 int Driver::decodedCode() const
 {
-    return key && flag() == "0" ? decode(key->line, adc, readFile(path("direction.json"))) : 0;
+    return key && flag() == "0" ? decode(key->line, adc, readFile(path("direction.json"))) : -1;
 }
 
-// As the most ordinary driver: truncates the file and writes the text with one call.
+// Truncates the file and writes the text at once.
 void Driver::write(const QVector<int> &values)
 {
     adc = values;

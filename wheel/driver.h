@@ -16,27 +16,26 @@ int decode(int line, const QVector<int> &adc, const QByteArray &configuration);
 // Returns the content of a file, at most 1 MiB, or an empty array if it can't be read.
 QByteArray readFile(const QString &path);
 
-// Stands in for the key driver of a head unit: writes the measurements of the pressed key into
-// swc_keys, and decodes them by direction.json while the flag is 0.
+// Stands in for the key driver: writes the measurements of the pressed key into swc_keys, and
+// decodes them by direction.json while the flag is 0.
 class Driver
 {
 public:
     static constexpr int period = 50; // between two measurements, in milliseconds
 
     // The root is the folder above media/flash/nvm.
-    Driver(const Wheel &wheel, const QString &root);
+    Driver(Wheel wheel, QString root);
 
     // Writes the first measurement. The key is one of the wheel's.
     void press(const WheelKey &key);
-    // Writes another measurement, to be called once a period. Does nothing if no key is pressed.
+    // Writes another measurement if a key is pressed; to be called once a period.
     void measure();
     void release();
 
-    const WheelKey *pressedKey() const { return key; }
     QByteArray reading() const { return text; } // written last
     bool hasFailed() const { return failed; } // to write swc_keys in the last press
     QString flag() const; // empty if there is none
-    int decodedCode() const; // of the pressed key; 0 for none, or if the flag is not 0
+    int decodedCode() const; // of the pressed key; -1 if there is none or the flag is not 0
 
     const Wheel wheel;
     const QString root;

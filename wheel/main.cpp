@@ -18,20 +18,19 @@
 namespace {
 
 constexpr char description[] = R"(
-Stands in for the steering wheel and the key driver of a head unit, in a window or, for a script,
-without a display. The window starts a command, the head unit's program, in the root folder, with
-its output in log.txt there.
+Stands in for the steering wheel and the key driver of a head unit. A command is its program, which
+the window starts in the root folder, with its output in log.txt there. A script needs no display.
 
-Lines of a script, each answered with ok; the first that fails ends it with exit status 1:
+Lines of a script, each answered with ok; one that fails ends it with exit status 1:
   press KEY [TIME]   press the key, release it after 400ms or TIME
-  decode KEY [TIME]  press the key for one measurement or TIME; it is to be decoded as itself
+  decode KEY [TIME]  press it for one measurement or TIME, expect it to be decoded as itself
   flag TEXT [TIME]   wait 5000ms or TIME for TEXT in the flag file
   # COMMENT
 KEY may be all.)";
 
 using Option = QCommandLineOption;
-const Option rootOption("root", "The folder above media/flash/nvm (default: .).", "folder", ".");
-const Option wheelOption("wheel", "A JSON file with another wheel.", "file", ":/wheel.json");
+const Option rootOption("root", "Folder above media/flash/nvm (default: .).", "folder", ".");
+const Option wheelOption("wheel", "JSON file with another wheel.", "file", ":/wheel.json");
 const Option exactOption("exact", "Measure without noise.");
 const Option scriptOption("script", "Execute a file's lines, or standard input's for -.", "file");
 
@@ -67,7 +66,7 @@ int main(int argc, char **argv)
 
     const QString root = parser.value(rootOption);
     if (!QDir(root).exists("media/flash/nvm"))
-        return fail("there is no folder media/flash/nvm in " + root + ", see --root");
+        return fail("there is no folder media/flash/nvm in " + root);
     Wheel wheel;
     const QString error = parseWheel(readFile(parser.value(wheelOption)), &wheel);
     if (!error.isEmpty())

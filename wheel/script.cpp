@@ -83,7 +83,7 @@ QString runScript(QIODevice *input, Driver *driver, QTextStream *output)
 {
     QByteArray line;
     for (int number = 1; !(line = input->readLine(longestLine)).isEmpty(); ++number) {
-        const QString error = execute(QString(line).simplified(), driver, output);
+        const QString error = execute(QString::fromUtf8(line).simplified(), driver, output);
         if (!error.isEmpty())
             return QString("line %1: %2").arg(number).arg(error);
         *output << "ok" << endl;

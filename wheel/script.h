@@ -7,6 +7,6 @@
 class QIODevice;
 class QTextStream;
 
-// Executes the input's lines of press, decode and flag, each as soon as it is complete, and answers
-// each with "ok". Stops at the first that fails. Returns an error message, empty on success.
+// Executes each line of the input as soon as it is complete and answers it with "ok", up to the
+// first that fails. Returns an error message, empty on success.
 QString runScript(QIODevice *input, Driver *driver, QTextStream *output);

@@ -14,7 +14,7 @@ WheelKey keyFrom(const QJsonObject &object)
 {
     WheelKey key;
     key.name = object.value("name").toString();
-    key.label = object.value("label").toString(key.name);
+    key.label = object.value("label").toString(key.name.toUpper());
     key.code = object.value("code").toInt();
     key.line = object.value("line").toInt();
     for (const QJsonValue value : object.value("adc").toArray())
@@ -24,7 +24,7 @@ WheelKey keyFrom(const QJsonObject &object)
 
 bool isValid(const WheelKey &key)
 {
-    const bool isWord = !key.name.isEmpty() && key.name.simplified().remove(' ') == key.name;
+    const bool isWord = !key.name.isEmpty() && !key.name.contains(' ');
     return isWord && key.code > 0 && (key.line == 2 || key.line == 3) && key.adc.size() == 3
         && std::all_of(key.adc.begin(), key.adc.end(),
                        [](int value) { return value >= 0 && value <= idleValue; });

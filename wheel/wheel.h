@@ -21,8 +21,7 @@ struct Wheel
     double noise = 0; // standard deviation of a value, 0 to 4095
     QVector<WheelKey> keys;
 
-    // The name of the key with this code. The code itself if there is no such key, "none" if it is
-    // 0.
+    // The name of the key with this code, "none" for 0, or else the code itself.
     QString functionName(int code) const;
 };
 

@@ -7,16 +7,18 @@
 #include <QRect>
 #include <QTimerEvent>
 
+#include <utility>
+
 namespace {
 
 constexpr char windowStyle[] =
     "QPushButton{background:#282c33;color:white;border:2px solid #505866;border-radius:6px;"
-    "font:bold 10px;outline:none}"
+    "font:bold 9px}"
     "QPushButton:pressed{background:#3d9bff}";
 constexpr char decodedStyle[] = "background:#209c5a";
 
-// The first half of the keys is on the left spoke. Columns of four, or more where they would not
-// fit, go from the hub outwards.
+// The first half of the keys is on the left. Three columns go from the hub outwards, with four keys
+// each or as many as it takes.
 QRect keyGeometry(int index, int count)
 {
     const int half = (count + 1) / 2;
@@ -32,23 +34,23 @@ QString flagText(const QString &flag)
 {
     if (flag == "1")
         return "LEARNING";
-    if (flag == "0")
-        return "LEARNING OFF";
-    return flag == "11" ? "KEYS CLEARED" : "NO FLAG";
+    if (flag == "11")
+        return "KEYS CLEARED";
+    return flag == "0" ? "LEARNING OFF" : "NO FLAG";
 }
 
 } // namespace
 
-WheelWindow::WheelWindow(Driver *driver, const QStringList &command)
-    : driver(driver), command(command), display(new QPushButton(this))
+WheelWindow::WheelWindow(Driver *driver, QStringList command)
+    : driver(driver), command(std::move(command)), display(new QPushButton(this))
 {
     setWindowTitle("Steering wheel");
     setPixmap(QPixmap(":/wheel.png"));
     setFixedSize(480, 480);
     setStyleSheet(windowStyle);
     display->setGeometry(124, 72, 232, 88);
-    display->setStyleSheet("background:#0b0c0f;font:bold 13px");
-    display->setFocus(); // for Space
+    display->setStyleSheet("background:#0b0c0f;font:bold 12px");
+    display->setFocus();
     connect(display, SIGNAL(clicked()), SLOT(startProgram()));
     const QVector<WheelKey> &keys = driver->wheel.keys;
     for (int i = 0; i < keys.size(); ++i) {
@@ -80,7 +82,7 @@ void WheelWindow::timerEvent(QTimerEvent *)
     QStringList lines = { endOfProgram(), driver->reading() };
     if (lines.first().isEmpty())
         lines.first() = flagText(driver->flag());
-    if (driver->pressedKey() && driver->flag() == "0")
+    if (code >= 0)
         lines += "Decoded as " + driver->wheel.functionName(code);
     if (driver->hasFailed())
         lines += "Can't write swc_keys";
@@ -126,6 +128,6 @@ QString WheelWindow::endOfProgram() const
     else if (program.exitStatus() == QProcess::CrashExit)
         text = "The program was killed";
     else if (program.exitCode() != 0)
-        text += QString(", exit code %1").arg(program.exitCode());
+        text += QString("\nwith exit code %1").arg(program.exitCode());
     return text + "\nClick or Space starts it again";
 }

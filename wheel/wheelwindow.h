@@ -11,29 +11,29 @@ class QPushButton;
 class QTimerEvent;
 
 // A steering wheel whose keys are pressed with the mouse. Its display shows the flag, the last
-// reading and what it is decoded as, and starts the head unit's program again after its end.
+// reading and what it is decoded as; once the program has ended, a click on it starts it again.
 class WheelWindow : public QLabel
 {
     Q_OBJECT
 
 public:
-    // Does not take ownership of the driver. The command, which may be empty, is started in the
-    // driver's root folder, with its output in log.txt there.
-    WheelWindow(Driver *driver, const QStringList &command);
+    // The command is the head unit's program, or empty. It is started in the root folder, with its
+    // output in log.txt there. The driver stays the caller's.
+    WheelWindow(Driver *driver, QStringList command);
 
     ~WheelWindow() override; // ends the program
 
 protected:
-    void timerEvent(QTimerEvent *event) override; // measures, and updates what is shown
+    void timerEvent(QTimerEvent *event) override;
 
 private slots:
-    void startProgram(); // unless it is running, or there is none
+    void startProgram();
     void takeFocus(); // so that Space starts the program again
     void pressKey();
     void releaseKey();
 
 private:
-    QString endOfProgram() const; // empty while it is running, or if there is none
+    QString endOfProgram() const; // empty if it is running or there is none
 
     Driver *driver;
     const QStringList command;
