@@ -7,11 +7,9 @@
 #include <QDesktopWidget>
 #include <QDir>
 #include <QFile>
-#include <QPushButton>
 #include <QRect>
 #include <QRegularExpression>
 #include <QScreen>
-#include <QTimer>
 
 #include <ctime>
 #include <utility>
@@ -21,9 +19,7 @@
 
 namespace {
 
-constexpr int maxStep = 100; // of the clock, in milliseconds
-
-// Far ahead of the real time, so that timed waits of other threads never expire.
+// In milliseconds, and far ahead of the real time: timed waits of other threads never expire.
 qint64 now = 1000000000000;
 
 QSize screenSize;
@@ -81,6 +77,7 @@ void handleEvents()
 
 void pass(int milliseconds)
 {
+    constexpr int maxStep = 100; // so that animations see the time pass
     for (; milliseconds > 0; milliseconds -= maxStep) {
         now += qMin(maxStep, milliseconds);
         handleEvents();
@@ -113,29 +110,6 @@ QList<QLabel *> shownNotices()
             notices += widget->findChild<QLabel *>();
     }
     return notices;
-}
-
-int exitCodeOf(const std::function<void()> &action)
-{
-    QGuiApplication::setQuitOnLastWindowClosed(false); // the window itself is not shown
-    QTimer start;
-    QTimer giveUp;
-    QObject::connect(&giveUp, &QTimer::timeout, [] { QCoreApplication::exit(stillRunning); });
-    QObject::connect(&start, &QTimer::timeout, [&] {
-        start.stop();
-        action();
-        giveUp.start(0);
-    });
-    start.start(0);
-    return QCoreApplication::exec();
-}
-
-void answer(const QString &text)
-{
-    for (QPushButton *button : QApplication::activeModalWidget()->findChildren<QPushButton *>()) {
-        if (button->text() == text)
-            button->click();
-    }
 }
 
 // Qt may move a timer by 5 percent, but not one that starts at a full second.

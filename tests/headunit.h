@@ -9,8 +9,6 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-#include <functional>
-
 constexpr char readingPath[] = "media/flash/nvm/swc_keys";
 constexpr char flagPath[] = "media/flash/nvm/swc_flags";
 constexpr char configurationPath[] = "media/flash/nvm/direction.json";
@@ -34,14 +32,6 @@ QStringList takeLog();
 
 // The label of every notice on the screen.
 QList<QLabel *> shownNotices();
-
-// Runs the event loop and calls the action in it. Returns the exit code, or stillRunning if the
-// action has not ended the loop.
-constexpr int stillRunning = -1;
-int exitCodeOf(const std::function<void()> &action);
-
-// Taps the button with this text in the question that is open.
-void answer(const QString &text);
 
 // An empty directory that stands in for the root of a head unit, with the driver's files in it. It
 // is the working directory of the test.

@@ -1,5 +1,6 @@
 #include "learningwindow.h"
 
+#include <QApplication>
 #include <QHash>
 #include <QTimer>
 
@@ -16,23 +17,19 @@ void LearningWindow::tap(int code)
 
 int LearningWindow::save()
 {
-    return exitCodeOf([this] { btnSave->click(); });
+    QTimer inTheEventLoop;
+    connect(&inTheEventLoop, SIGNAL(timeout()), btnSave, SLOT(click()));
+    inTheEventLoop.start(0);
+    return QCoreApplication::exec();
 }
 
-int LearningWindow::clear(const std::function<void()> &reply)
+void LearningWindow::clear()
 {
-    return exitCodeOf([this, &reply] {
-        QTimer inTheQuestion;
-        inTheQuestion.setSingleShot(true);
-        connect(&inTheQuestion, &QTimer::timeout, reply);
-        inTheQuestion.start(0);
-        btnClear->click();
-    });
-}
-
-int LearningWindow::clear(const QString &button)
-{
-    return clear([&button] { answer(button); });
+    QTimer inTheQuestion;
+    connect(&inTheQuestion, &QTimer::timeout,
+            [] { QApplication::activeModalWidget()->findChild<QPushButton *>()->click(); });
+    inTheQuestion.start(0);
+    btnClear->click();
 }
 
 void LearningWindow::measure(int keyLine, int adc1, int adc2, int adc3)
@@ -71,14 +68,10 @@ QString LearningWindow::colourOf(int code) const
 
 QString LearningWindow::notice() const
 {
-    QStringList texts;
-    for (const QLabel *label : shownNotices())
-        texts += label->text();
-    return texts.join(" above ");
-}
-
-QString LearningWindow::noticeColour() const
-{
-    const QString style = shownNotices().isEmpty() ? "" : shownNotices().first()->styleSheet();
-    return style.section("; color:", 1).section(';', 0, 0);
+    QStringList notices;
+    for (const QLabel *label : shownNotices()) {
+        const QString colour = label->styleSheet().section("; color:", 1).section(';', 0, 0);
+        notices += colour + ' ' + label->text();
+    }
+    return notices.join(" above ");
 }

@@ -4,7 +4,6 @@
 #include "keymainwindow.h"
 
 #include <QList>
-#include <QMap>
 #include <QPushButton>
 #include <QString>
 #include <QStringList>
@@ -23,11 +22,10 @@ class LearningWindow : public HeadUnit, public KeyMainWindow
 public:
     explicit LearningWindow(const QByteArray &configuration = QByteArray());
 
-    // The user. Save and clear return the exit code, or stillRunning.
+    // The user.
     void tap(int code);
-    int save();
-    int clear(const std::function<void()> &reply); // called while the question is open
-    int clear(const QString &button); // of the answer
+    int save(); // returns the exit code
+    void clear(); // answers Yes
 
     // The driver.
     void measure(int keyLine, int adc1, int adc2, int adc3);
@@ -37,19 +35,14 @@ public:
     void learn(int code, const QString &record); // without a press
 
     QString colourOf(int code) const; // the style sheet itself if it is none of the four
-    QString notice() const; // empty if there is none
-    QString noticeColour() const;
+    QString notice() const; // colour and text, empty if there is none
 
     QString learned(int code) const { return mapSwcKeys.value(code); }
-    const QMap<int, QString> &learnedKeys() const { return mapSwcKeys; }
     int learnedCount() const { return mapSwcKeys.size(); }
     QList<int> waiting() const { return clickAndValidKeys.toList(); }
     QStringList samples() const { return mapSampleKeys.values(); }
     QList<int> sampleNumbers() const { return mapSampleKeys.keys(); }
     QString lastSample() const { return strSampleKey; }
-
     QPushButton *button(int code) const { return mapButtonKeys.key(code); }
     QList<int> codes() const { return mapButtonKeys.values(); }
-    QPushButton *saveButton() const { return btnSave; }
-    QPushButton *clearButton() const { return btnClear; }
 };

@@ -10,19 +10,15 @@ private slots:
     {
         QTest::addColumn<QByteArray>("settings");
         QTest::addColumn<int>("index");
-        QTest::newRow("English") << QByteArray("SystemLanguageId=0") << 0;
         QTest::newRow("Chinese") << QByteArray("Volume=5\r\nSystemLanguageId=1\r\n") << 1;
-        QTest::newRow("blanks") << QByteArray("\t SystemLanguageId  =  2 \r\n") << 2;
-        QTest::newRow("two lines") << QByteArray("SystemLanguageId=2\nSystemLanguageId=1") << 2;
-        QTest::newRow("a longer key")
-            << QByteArray("SystemLanguageIdOld=3\nSystemLanguageId=1") << 3;
+        QTest::newRow("blanks, two lines")
+            << QByteArray("\t SystemLanguageId  = 2\r\nSystemLanguageId=1") << 2;
+        QTest::newRow("a longer key") << QByteArray("SystemLanguageIdOld=3") << 3;
         QTest::newRow("not a number") << QByteArray("SystemLanguageId=Chinese") << 0;
         QTest::newRow("no sign") << QByteArray("SystemLanguageId 1\nSystemLanguageId=1") << 0;
         QTest::newRow("two signs") << QByteArray("SystemLanguageId=1=2") << 1;
         QTest::newRow("other keys") << QByteArray("#SystemLanguageId=1\nsystemlanguageid=1") << 0;
-        QTest::newRow("a carriage return in the key") << QByteArray("System\rLanguageId=1") << 0;
-        QTest::newRow("a carriage return in the value") << QByteArray("SystemLanguageId=\r1") << 1;
-        QTest::newRow("after other bytes") << QByteArray("\xff=\0\nSystemLanguageId=1", 22) << 1;
+        QTest::newRow("a carriage return") << QByteArray("System\rLanguageId=1") << 0;
         QTest::newRow("after 2 MB") << QByteArray(2 << 20, '\n') + "SystemLanguageId=1" << 1;
     }
     void theFirstLanguageLineCounts()
@@ -33,14 +29,11 @@ private slots:
         QTEST(Util().getLanguageIdx(), "index");
     }
 
-    void theLineIsLogged()
+    void aMissingFileIsNotLogged()
     {
         const HeadUnit unit;
         QCOMPARE(Util().getLanguageIdx(), 0);
         QCOMPARE(takeLog(), QStringList());
-        write(settingsPath, "SystemLanguageId=1");
-        Util().getLanguageIdx();
-        QCOMPARE(takeLog(), QStringList("[virtual_print][getLanguageIdx]language idx:1"));
     }
 };
 
