@@ -8,7 +8,6 @@
 #include <QDir>
 #include <QFile>
 #include <QRect>
-#include <QRegularExpression>
 #include <QScreen>
 
 #include <ctime>
@@ -33,9 +32,9 @@ QtMessageHandler qtHandler;
 
 void recordLog(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
-    const QRegularExpression sourceLine(QString("( |\\[line:)%1\\]").arg(context.line));
+    const QString line = QString::number(context.line) + ']';
     if (type == QtDebugMsg && qstrcmp(context.category, "default") == 0)
-        logLines += QString(text).replace(sourceLine, "\\1N]");
+        logLines += QString(text).replace(' ' + line, " N]").replace("line:" + line, "line:N]");
     else if (!text.startsWith("This plugin does not support")) // moving a window, for example
         qtHandler(type, context, text);
 }
@@ -43,7 +42,6 @@ void recordLog(QtMsgType type, const QMessageLogContext &context, const QString 
 } // namespace
 
 // Takes the place of the C library's function.
-// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): reserved there
 extern "C" int clock_gettime(clockid_t clock, timespec *time) noexcept
 {
     if (clock != CLOCK_MONOTONIC)

@@ -6,9 +6,7 @@
 
 namespace {
 
-using Selection = QMap<int, int>; // channel and spacing
-
-Selection selection(const QStringList &records)
+QMap<int, int> selection(const QStringList &records)
 {
     QMap<int, QString> keys;
     for (const QString &record : records)
@@ -72,10 +70,10 @@ private slots:
     void theChannelWithTheLargestSpacingIsSelected()
     {
         QFETCH(QStringList, records);
-        QFETCH(int, channel);
-        QFETCH(int, spacing);
-        QCOMPARE(selection(records), (Selection{ { channel, spacing } }));
-        QCOMPARE(selection({ "3,1,2,3" }), Selection());
+        const QMap<int, int> selected = selection(records);
+        QCOMPARE(selected.size(), 1);
+        QTEST(selected.firstKey(), "channel");
+        QTEST(selected.first(), "spacing");
     }
 
     void theIntervalIsHalfTheSpacingRoundedDown()

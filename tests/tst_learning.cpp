@@ -168,7 +168,6 @@ private slots:
         window.tap(Back);
         window.release();
         QCOMPARE(window.learnedCount(), 0);
-        QCOMPARE(window.waiting(), (Codes{ Home, Home, Back }));
     }
 
     void aNewSelectionStartsWithoutSamples()

@@ -44,7 +44,7 @@ private slots:
         QTest::addColumn<QString>("catalogue");
         QTest::newRow("English") << QByteArray("0") << "en_gb";
         QTest::newRow("Chinese") << QByteArray("1") << "zh_rCN";
-        QTest::newRow("a language without a catalogue") << QByteArray("99") << "en_gb";
+        QTest::newRow("another") << QByteArray("99") << "en_gb";
     }
     void theLanguageSelectsTheCatalogue()
     {
@@ -56,11 +56,11 @@ private slots:
         QVERIFY(QFile::link(CATALOGUES_FOLDER, "application/languages"));
 
         const QStringList log = logOfStart();
-        const QString path = "./application/languages/Velmora_" + catalogue + ".qm";
-        QCOMPARE(log.mid(0, 3),
-                 (QStringList{ "[virtual_print][getLanguageIdx]language idx:" + index,
-                               "[swc_print] load true",
-                               "[swc_print] path \"" + path + "\"  install true" }));
+        QCOMPARE(log.value(0), "[virtual_print][getLanguageIdx]language idx:" + index);
+        QCOMPARE(log.value(1), QString("[swc_print] load true"));
+        QCOMPARE(log.value(2),
+                 "[swc_print] path \"./application/languages/Velmora_" + catalogue
+                     + ".qm\"  install true");
         const QString fonts = log.value(3);
         QVERIFY(fonts.startsWith("[swc_print] list (\""));
         QCOMPARE(fonts.count("\", \"") + 1, fonts.section("\") size ", 1).toInt());
