@@ -1,39 +1,30 @@
-# Sourced: what every stage of the story shares. A stage is a place where the program can be used as a
-# person uses it; its file adds the hands and eyes:
+# Sourced, with $project as the project's folder: what the stages of the story share. A stage is a
+# place where the program is used as a person uses it. Each has a file of its own with
 #
-#   open_stage WIDTH HEIGHT   the screen, the head unit's files in the language $language, and the
-#                             driver's stand-in
-#   start_program             again or for the first time, until its window shows
-#   program_ended             waits for that, and gives the exit code
-#   touch_screen X Y          one tap
-#   pixel X Y                 its colour as RRGGBB
-#   screenshot FILE           as PNG
-#   content NAME              of a file that the program shares with the driver
-#
-# and for a person with a display:
-#
-#   open_window WIDTH HEIGHT  the screen, where the mouse is the finger; $start is the command that starts
-#                             the program for the wheel, and $unit the folder that both work in
-#   window_packages           what that needs
-#
-# It needs $project, the project's folder.
+#   open_stage WIDTH HEIGHT   starts the screen and the wheel, with the head unit's files in the
+#                             language $language; sets the descriptors $to_wheel and $from_wheel
+#   start_program             returns when its window shows
+#   program_ended             waits for the end of the program, and returns its exit code
+#   touch_screen X Y          taps there
+#   pixel X Y                 prints the colour as RRGGBB
+#   screenshot FILE           writes a PNG
+#   content NAME              prints a file that the program shares with the driver
 
-. "$project/desk/headunit.sh"
+nvm=media/flash/nvm # the folder of these files, below the root
+language=${language-0} # 1 is Chinese
 at_exit_commands=()
 declare -A colours=([gray]=505050 [blue]=0000FF [green]=008000)
 
-# at_exit COMMAND: run it when the shell ends, the last one first, whatever became of the others.
+# at_exit COMMAND: runs it when the shell ends, the last one first, even if others fail.
 at_exit() {
-    at_exit_commands=("$1" "${at_exit_commands[@]}")
-    trap 'for command in "${at_exit_commands[@]}"; do eval "$command" 2>/dev/null || true; done' EXIT
+    at_exit_commands=("($1) 2>/dev/null || true" "${at_exit_commands[@]}")
+    trap 'for command in "${at_exit_commands[@]}"; do eval "$command"; done' EXIT
 }
 
-fail() {
-    echo "$*" >&2
-    exit 1
-}
+fail() { echo "$*" >&2; exit 1; }
+not() { ! "$@"; }
 
-# await SECONDS WHAT COMMAND...: until the command succeeds; ends the shell where it doesn't.
+# await SECONDS WHAT COMMAND...: repeats the command until it succeeds.
 await() {
     local deadline=$((SECONDS + $1 + 1))
     until "${@:3}"; do
@@ -42,116 +33,92 @@ await() {
     done
 }
 
-# expect WHAT COMMAND...: succeeds at once.
-expect() {
-    "${@:2}" || fail "Not as expected: $1"
+# make_platform_files ROOT: what the platform provides. Learned keys are kept.
+make_platform_files() {
+    mkdir -p "$1/$nvm/Corvane"
+    : >"$1/$nvm/swc_keys"
+    printf 0 >"$1/$nvm/swc_flags"
+    printf 'SystemLanguageId=%s\n' "$language" >"$1/$nvm/Corvane/UserData.ini"
 }
 
-not() {
-    ! "$@"
-}
-
-milliseconds() {
-    date +%s%3N
-}
-
-# lay_out WIDTH HEIGHT: where the buttons are on such a screen.
+# Sets where the buttons are on a screen of that size.
 lay_out() {
     width=$1 height=$2
     case $2 in
-    480) rows=(244 307 370) controls=440 rim=25 ;;
-    600) rows=(299 381 462) controls=551 rim=32 ;;
+    480) key_rows=(244 307 370) control_row=440 below_symbol=25 ;;
+    600) key_rows=(299 381 462) control_row=551 below_symbol=32 ;;
     esac
 }
 
-# The names of the keys in the order of the grid.
+# The names of the keys, in their order on the screen.
 key_names() {
     tr -d '\r' <"$project/img/btListInfo.txt" | awk '!/^#/ { print $1 }'
 }
 
-# place NAME: sets x and y to the centre of a key, of save and clear, or of the question's yes and no. Eight
-# keys are in a row; the question is 240 x 160 in the middle.
-place() {
+# locate BUTTON: sets x and y to its centre. A row has eight keys; the question is in the middle.
+locate() {
     local index
     case $1 in
-    save) x=$((width / 4)) y=$controls ;;
-    clear) x=$((width * 3 / 4)) y=$controls ;;
+    save) x=$((width / 4)) y=$control_row ;;
+    clear) x=$((width * 3 / 4)) y=$control_row ;;
     yes) x=$((width / 2 - 60)) y=$((height / 2 + 55)) ;;
     no) x=$((width / 2 + 60)) y=$((height / 2 + 55)) ;;
     *)
         index=$(($(key_names | grep -nxF -e "$1" | cut -d: -f1) - 1))
-        x=$(((2 * (index % 8) + 1) * width / 16)) y=${rows[index / 8]}
+        x=$(((2 * (index % 8) + 1) * width / 16)) y=${key_rows[index / 8]}
         ;;
     esac
 }
 
 tap() {
     local x y
-    place "$1"
+    locate "$1"
     touch_screen $x $y
 }
 
-# is_colour NAME COLOUR: the button's background, taken below its symbol, as a person sees it.
 is_colour() {
     local x y
-    place "$1"
-    [ "$(pixel $x $((y + rim)))" = ${colours[$2]} ]
+    locate "$1"
+    [ "$(pixel $x $((y + below_symbol)))" = ${colours[$2]} ]
 }
 
-await_colour() {
-    await 10 "$1 to turn $2" is_colour "$1" "$2"
-}
+await_colour() { await 10 "$1 to turn $2" is_colour "$1" "$2"; }
 
-# The notice is a white box, 160 x 80, 10 pixels above the bottom.
-notice_shows() {
-    [ "$(pixel $((width / 2 - 72)) $((height - 50)))" = FFFFFF ]
-}
+# The notice is white, 160 x 80, 10 pixels above the bottom.
+notice_shows() { [ "$(pixel $((width / 2 - 72)) $((height - 50)))" = FFFFFF ]; }
+question_shows() { [ "$(pixel $((width / 2 - 100)) $((height / 2 - 60)))" = 282828 ]; }
 
-question_shows() {
-    [ "$(pixel $((width / 2 - 100)) $((height / 2 - 60)))" = 282828 ]
-}
-
-# answer yes|no: to the question that opens.
 answer() {
     await 5 "the question" question_shows
     tap "$1"
 }
 
-# ask TO FROM REQUEST: over two open files; prints the answer up to "ok", an emulator's word for it, or
-# "done" and an exit code, and ends the shell where none comes.
+# ask TO FROM LAST REQUEST: writes the request to one descriptor and prints what comes from the
+# other, but the last line, which matches the pattern LAST and is left in $last.
 ask() {
-    local answer
-    echo "$3" >&"$1"
-    while read -r -t 30 answer <&"$2"; do
-        answer=${answer%$'\r'}
-        case $answer in
-        ok | '{"return": '??'}') return ;;
-        'done '*) return "${answer#done }" ;;
-        *) echo "$answer" ;;
-        esac
+    echo "$4" >&"$1"
+    while read -r -t 30 last <&"$2"; do
+        last=${last%$'\r'}
+        [[ $last != $3 ]] || return 0
+        echo "$last"
     done
-    fail "No ok to: $3"
+    fail "No answer to: $4"
 }
 
-# driver COMMAND...: to the stand-in, which reads $commands and answers on $replies.
-driver() {
-    ask "$commands" "$replies" "$*"
-}
+# wheel LINE: of a script of velmora-wheel.
+wheel() { ask "$to_wheel" "$from_wheel" ok "$*"; }
 
-# teach KEY: by the wheel's key of the same name. A machine that stands still for seconds lets the selection
-# time out, and a person would try again. Where there was time enough, a reading was lost.
+# On a busy machine the selection may time out before the key is released; only then it is repeated.
 teach() {
-    local tapped taken
+    local start released
     for _ in 1 2 3; do
-        tapped=$(milliseconds)
+        start=$SECONDS
         tap "$1"
         await_colour "$1" blue
-        driver press "$1" 250ms
-        taken=$(($(milliseconds) - tapped))
-        if (await_colour "$1" green); then
-            return
-        fi
-        [ $taken -gt 2000 ] || break
+        wheel press "$1" 250ms
+        released=$SECONDS
+        ! (await_colour "$1" green) || return 0
+        [ $((released - start)) -gt 2 ] || break
     done
-    fail "$1 was not learned, pressed and released within $taken ms"
+    fail "$1 was not learned"
 }

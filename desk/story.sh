@@ -1,93 +1,79 @@
 # Sourced after a stage: what a person does with the program from the first tap on.
 
-# tell_story FOLDER: leaves pictures of the main moments there, and the file that was saved.
+# tell_story FOLDER: leaves pictures there, and what was saved. The README shows 1-start,
+# in both languages, and 3-learning.
 tell_story() {
     pictures=$1
-    moments=0
     mkdir -p "$pictures"
-    learn_the_first_key
-    press_it_for_another_key
-    clear_all_keys
-    learn_all_keys
-    start_again_and_save_nothing
-    bring_the_backup_back
+    learn_one_key
+    clear_and_learn_all
+    save_nothing_and_restore
 }
 
-# moment NAME: one that is worth a picture.
-moment() {
-    screenshot "$pictures/$((++moments))-$1.png"
+picture() {
+    screenshot "$pictures/$1.png"
     echo "$1"
 }
 
 save() {
     tap save
-    expect "exit code 0 after save" program_ended
-    driver flag 0
+    program_ended || fail "Exit code $? after save, not 0"
+    wheel flag 0
 }
 
-learn_the_first_key() {
+# The same key of the wheel is refused for another key on the screen.
+learn_one_key() {
     start_program
-    driver flag 1
-    moment start
+    wheel flag 1
+    picture 1-start
     teach home
     await 5 "the notice" notice_shows
-    moment success
+    picture 2-success
     await 5 "the notice to go" not notice_shows
-}
-
-press_it_for_another_key() {
     tap playpause
     await_colour playpause blue
-    moment learning
-    driver press home 250ms
+    picture 3-learning
+    wheel press home 250ms
     await 5 "the notice" notice_shows
-    expect "no key is learned twice" is_colour playpause gray
-    moment repeat
+    is_colour playpause gray || fail "A key of the wheel was learned twice"
+    picture 4-repeat
 }
 
-clear_all_keys() {
+# Home and playpause come last, when their selections from before have timed out.
+clear_and_learn_all() {
+    local key
     tap clear
     await 5 "the question" question_shows
-    moment question
+    picture 5-question
     answer yes
     await_colour home gray
-    driver flag 11
-}
-
-# What was tapped before comes last: by then that selection has timed out and can't end the next one.
-learn_all_keys() {
-    local key
+    wheel flag 11
     for key in $(key_names | grep -vx -e home -e playpause) home playpause; do
         teach "$key"
     done
-    moment all-learned
+    picture 6-all-learned
     save
-    driver decode all
+    wheel decode all
     content direction.json >"$pictures/direction.json"
-    expect "the first save makes the backup" cmp "$pictures/direction.json" <(content direction.bak)
+    cmp "$pictures/direction.json" <(content direction.bak) || fail "The first save made no backup"
 }
 
-start_again_and_save_nothing() {
+save_nothing_and_restore() {
     local key
     start_program
-    moment saved
+    picture 7-saved
     for key in $(key_names); do
-        expect "$key is still learned" is_colour "$key" green
+        is_colour "$key" green || fail "$key is not green at the next start"
     done
     tap clear
     answer yes
     await_colour home gray
     save
-    content direction.json >"$pictures/without-keys.json"
-    expect "a file without keys" test ! -s "$pictures/without-keys.json"
-}
-
-bring_the_backup_back() {
+    [ -z "$(content direction.json)" ] || fail "A file without keys is not empty"
     start_program
-    expect "no key is left" is_colour home gray
+    is_colour home gray || fail "home is still there"
     tap clear
     answer no
-    expect "exit code 0 after No" program_ended
-    driver flag 0
-    expect "the backup is back" cmp "$pictures/direction.json" <(content direction.json)
+    program_ended || fail "Exit code $? after No, not 0"
+    cmp "$pictures/direction.json" <(content direction.json) || fail "No did not restore the backup"
 }
