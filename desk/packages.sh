@@ -1,13 +1,10 @@
 # Sourced by the commands: the Debian packages that each needs.
 
 build_packages=(g++ cmake make ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools)
-screen_packages=(xvfb openbox xdotool imagemagick fonts-droid-fallback fonts-dejavu-core)
-bench_packages=(strace valgrind)
-robustness_packages=("${bench_packages[@]}" procps clang-14 libclang-rt-14-dev)
+screen_packages=(xvfb xdotool imagemagick fonts-droid-fallback fonts-dejavu-core)
 deb_packages=(dpkg-dev file lintian systemd) # to package the program and check the package
-check_packages=("${robustness_packages[@]}" "${deb_packages[@]}" git clang-format clang-tidy librsvg2-bin optipng)
+check_packages=(strace valgrind "${deb_packages[@]}" clang-format clang-tidy librsvg2-bin optipng)
 arm_packages=("${deb_packages[@]}" g++-arm-linux-gnueabihf qemu-user)
-emulator_packages=("${arm_packages[@]}" qemu-system-arm qemu-utils e2fsprogs cpio kmod) # a whole unit
 
 # Installs what is missing; one message and the end of the command where that fails.
 require_packages() {
@@ -35,8 +32,8 @@ require_packages() {
     }
 }
 
-# one_at_a_time ARGUMENT...: starts the command again as the only one of its folder; two at once would
-# build in the same folders.
+# one_at_a_time ARGUMENT...: starts the command again as the only one of its folder; two at once
+# would build in the same folders.
 one_at_a_time() {
     [ -z "${SWC_ONLY_ONE-}" ] || return 0
     mkdir -p build
