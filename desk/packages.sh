@@ -6,28 +6,19 @@ deb_packages=(dpkg-dev file lintian systemd) # to package the program and check 
 check_packages=(strace valgrind "${deb_packages[@]}" clang-format clang-tidy librsvg2-bin optipng)
 arm_packages=("${deb_packages[@]}" g++-arm-linux-gnueabihf qemu-user)
 
-# Installs what is missing; one message and the end of the command where that fails.
+# Installs what is missing, as root or through sudo.
 require_packages() {
-    local missing=() as_root=() output
+    local missing=() as_root=() install=(apt-get install -y -q --no-install-recommends)
     for package in "$@"; do
         [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] ||
             missing+=("$package")
     done
     [ ${#missing[@]} -gt 0 ] || return 0
-    if [ "$(id -u)" != 0 ]; then
-        as_root=(sudo)
-        sudo -n true 2>/dev/null || { [ -t 0 ] && sudo -v; } || {
-            echo "Packages are missing. Let root run this, then try again:" >&2
-            echo "  apt-get install --no-install-recommends ${missing[*]}" >&2
-            exit 1
-        }
-    fi
-    echo "Installing ${missing[*]}"
-    # An old index may still do.
-    output=$("${as_root[@]}" sh -c 'apt-get update -q
-        DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends "$@"' \
-        sh "${missing[@]}" 2>&1) || {
-        echo "Can't install ${missing[*]}: $(tail -n 1 <<<"$output")" >&2
+    [ "$(id -u)" = 0 ] || as_root=(sudo)
+    "${as_root[@]}" apt-get update -q || true # an old index may still do
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive "${install[@]}" "${missing[@]}" || {
+        echo "Packages are missing. Let root run this, then try again:" >&2
+        echo "  ${install[*]} ${missing[*]}" >&2
         exit 1
     }
 }
