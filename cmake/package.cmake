@@ -1,10 +1,5 @@
-# The product's version inside the program, what a Debian package tells about it, and cpack: the
-# unit's tree as a Debian package and as an archive.
-
-# readelf -p .comment shows the version, and readelf -n the number of the very build.
-file(CONFIGURE OUTPUT version.cpp CONTENT [[__asm__(".ident \"Velmora @PROJECT_VERSION@\"");]] @ONLY)
-target_sources(velmora PRIVATE ${CMAKE_CURRENT_BINARY_DIR}/version.cpp)
-target_link_options(velmora PRIVATE -Wl,--build-id)
+# What a Debian package tells about the product, and cpack: the unit's tree as a Debian package and
+# as an archive.
 
 set(CPACK_GENERATOR TGZ DEB)
 set(CPACK_PACKAGE_CONTACT "Velmora maintainers <maintainers@velmora.invalid>")
@@ -16,17 +11,20 @@ taught, save: from then on the unit's driver knows each of them by what was
 measured. That driver is the unit's own and no part of this package.")
 set(CPACK_SET_DESTDIR ON) # the catalogues' place is absolute
 set(CPACK_INCLUDE_TOPLEVEL_DIRECTORY OFF)
+set(CPACK_POST_BUILD_SCRIPTS ${CMAKE_SOURCE_DIR}/cmake/owned-by-root.cmake)
+set(CPACK_SYSTEM_NAME linux-${CMAKE_SYSTEM_PROCESSOR})
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION misc)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-droid-fallback, fonts-dejavu-core")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_SYSTEM_NAME linux-${CMAKE_SYSTEM_PROCESSOR})
 
 configure_file(cmake/copyright.in copyright @ONLY)
 execute_process(COMMAND gzip -9nc INPUT_FILE ${CMAKE_SOURCE_DIR}/docs/changelog
     OUTPUT_FILE ${CMAKE_BINARY_DIR}/changelog.gz COMMAND_ERROR_IS_FATAL ANY)
 install(FILES ${CMAKE_BINARY_DIR}/copyright ${CMAKE_BINARY_DIR}/changelog.gz
     DESTINATION /usr/share/doc/${PROJECT_NAME})
+install(DIRECTORY docs/ DESTINATION /usr/share/doc/${PROJECT_NAME}
+    FILES_MATCHING PATTERN *.md PATTERN pictures EXCLUDE)
 install(FILES cmake/lintian-overrides
     DESTINATION /usr/share/lintian/overrides RENAME ${PROJECT_NAME})
 

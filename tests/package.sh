@@ -1,79 +1,43 @@
 #!/usr/bin/env bash
-# package.sh SOURCE BUILD TOOLCHAIN SYSROOT [EMULATOR...]: the product's packages hold the same tree and
-# Debian's checker finds no fault in it; the Debian one installs into an empty root, where its
-# dependencies are counted as installed that the machine or the sysroot has, and the program starts
-# there, in another folder than the root to show that its paths are absolute.
+# package.sh SOURCE BUILD TOOLCHAIN SYSROOT [EMULATOR...]: builds both packages as an ordinary user,
+# checks them and the service, and starts the program from another folder than the root, in a root
+# that has this machine's folders and the package's /application and /media.
 set -euo pipefail
 
-# In namespaces of its own no mount and no process outlives the test.
-if [ "$1" != alone ]; then
-    exec unshare --map-root-user --mount --pid --fork --mount-proc --kill-child "$0" alone "$@"
-fi
-PATH+=:/usr/sbin:/sbin # dpkg and chroot need what a user's PATH leaves out
-project=$2 build=$3/package toolchain=$4 sysroot=$5 emulator=("${@:6}")
-root=$build/root
-. "$project/desk/stage.sh"
+if [ "$1" = unpack ]; then shift && unpack=yes; fi
+source=$1 build=$2/package toolchain=$3 sysroot=$4 emulator=("${@:5}")
+tree=$build/tree root=$build/root log=$build/log.txt
+PATH+=:/usr/sbin:/sbin # an ordinary user's has no chroot
 
-package() {
-    local texts
-    cd "$project"
-    texts=$(cat languages/*.ts)
-    rm -f "$build"/*.deb "$build"/*.tar.gz
-    cmake --preset product -B "$build" \
+if [ -z "${unpack-}" ]; then
+    rm -rf "$build"/{*.deb,*.tar.gz,tree}
+    cmake --preset product -S "$source" -B "$build" \
         ${toolchain:+-DCMAKE_TOOLCHAIN_FILE="$toolchain" -DSWC_SYSROOT="$sysroot"}
-    (umask 022 && cmake --build "$build" --target package)
-    [ "$(cat languages/*.ts)" = "$texts" ] # a build changes no source
-    [ "$(ls "$build/bin")" = velmora ] # and makes nothing of the desk
-}
+    (umask 022 && unshare --map-user=1000 --map-group=1000 cmake --build "$build" --target package)
+    lintian --allow-root --fail-on error,warning "$build"/*.deb
+    tar -tv --numeric-owner -f "$build"/*.tar.gz | awk '$2 != "0/0"; $2 != "0/0" { exit 1 }'
+    # No mount and no process outlives the test.
+    exec unshare --map-root-user --mount --pid --fork --mount-proc --kill-child "$0" unpack "$@"
+fi
 
-check_packages() {
-    local version
-    diff <(gunzip -c "$build"/*.tar.gz | files) <(dpkg-deb --fsys-tarfile "$build"/*.deb | files)
-    lintian --allow-root --fail-on error,warning "$build"/*.deb 2> >(grep -v 'root privileges' >&2)
-    version=$(dpkg-parsechangelog -l docs/changelog -S Version)
-    [ "$(dpkg-deb -f "$build"/*.deb Version)" = "$version" ]
-    strings "$build/bin/velmora" | grep -x "Velmora $version"
-}
+mkdir -p "$tree"/{etc,media/flash/nvm} "$root"
+tar -x -f "$build"/*.tar.gz -C "$tree"
+systemd-sysusers --root="$tree"
+[ "$(grep -cE '^(input|video):.*:velmora$' "$tree/etc/group")" = 2 ]
 
-# The files of a tar archive.
-files() {
-    tar -t | sed 's|^\./||' | grep -v '/$' | sort
-}
-
-install_package() {
-    local database=$root/var/lib/dpkg
-    mkdir -p "$database"/{info,updates}
-    cp "$sysroot/var/lib/dpkg/status" "$database"
-    printf '%s\n' "$(dpkg --print-architecture)" "$(dpkg-deb -f "$build"/*.deb Architecture)" |
-        uniq >"$database/arch"
-    dpkg --root="$root" --log=/dev/null -i "$build"/*.deb \
-        2> >(grep -v '^dpkg: warning: files list' >&2)
-}
-
-# The root gets the machine's libraries and the emulator; all that the program shares with the
-# platform stays the root's own.
-bind_machine() {
-    local place
-    for place in /bin /lib* /usr /etc /dev /proc "$project" "$build" ${sysroot:+"$sysroot"}; do
-        mkdir -p "$root$place"
-        mount --rbind "$place" "$root$place" # with what is mounted below, as a user must
-    done
-}
-
-package
-check_packages
-mkdir -p "$root"
-mount -t tmpfs tmpfs "$root" # nothing is left to delete, and so no mount is ever deleted into
-mkdir -p "$root"/{tmp,run}
-install_package
-prepare_platform "$root"
-cp "$root/usr/lib/systemd/system/velmora.service" "$root/tmp" # the machine's /usr hides it
-bind_machine
-chroot "$root" systemd-analyze verify /tmp/velmora.service
-log=$build/log.txt
-chroot "$root" env -C /tmp QT_QPA_PLATFORM=offscreen "${emulator[@]}" /application/bin/velmora >"$log" 2>&1 &
-program=$!
-await 20 "the program's window" grep -qsE '^x:[0-9]+, y:[0-9]+$' "$log"
-await 5 "the learning flag" grep -qx 1 "$root/$nvm/swc_flags"
-grep -qF '[swc_print] load true' "$log"
-kill -KILL $program
+mount -t tmpfs tmpfs "$root"
+for folder in /*/ "$tree"/{application,media}; do
+    mkdir -p "$root/$(basename "$folder")"
+    mount --rbind "$folder" "$root/$(basename "$folder")"
+done
+chroot "$root" systemd-analyze verify "$tree/usr/lib/systemd/system/velmora.service"
+flag=$tree/media/flash/nvm/swc_flags
+printf 0 >"$flag"
+chroot "$root" env -C /tmp QT_QPA_PLATFORM=offscreen "${emulator[@]}" \
+    /application/bin/velmora >"$log" 2>&1 &
+until [ "$(cat "$flag")" = 1 ]; do
+    kill -0 $!
+    sleep 0.1
+done
+grep -F '[swc_print] load true' "$log"
+kill $!
