@@ -4,7 +4,7 @@ set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR arm)
 
 set(SWC_SYSROOT ${CMAKE_CURRENT_LIST_DIR}/../build/sysroot CACHE PATH
-    "Root of the unit's SDK, with Qt; the default is Debian's, by cmake/make-sysroot")
+    "Root of the unit's SDK, with Qt; by default the one that make-sysroot makes")
 list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES SWC_SYSROOT)
 get_filename_component(CMAKE_SYSROOT ${SWC_SYSROOT} ABSOLUTE)
 
@@ -12,7 +12,7 @@ if(NOT CMAKE_CXX_COMPILER)
     set(CMAKE_CXX_COMPILER arm-linux-gnueabihf-g++)
 endif()
 
-# Programs are this machine's, all else is the unit's.
+# Programs are this machine's, everything else is the unit's.
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)

@@ -1,10 +1,10 @@
-# Linguist's tools are programs of this machine whatever Qt the build is for; not every Qt brings its own.
-# Those of another place, as an SDK brings them, are found first through CMAKE_PROGRAM_PATH.
+# Linguist's tools are programs of this machine, whatever Qt the build is for. CMAKE_PROGRAM_PATH
+# comes first, where an SDK brings its own.
 foreach(tool lrelease lupdate)
     find_program(SWC_${tool} ${tool} HINTS /usr/lib/qt5/bin REQUIRED)
 endforeach()
 
-# In a cross build so are the tools of Qt itself, in place of the sysroot's.
+# So are Qt's own tools in a cross build.
 if(CMAKE_CROSSCOMPILING)
     foreach(tool qmake moc rcc uic)
         find_program(SWC_${tool} ${tool} HINTS /usr/lib/qt5/bin REQUIRED)

@@ -1,5 +1,4 @@
-# What a Debian package tells about the product, and cpack: the unit's tree as a Debian package and
-# as an archive.
+# cpack packs the unit's tree as a Debian package and as an archive.
 
 set(CPACK_GENERATOR TGZ DEB)
 set(CPACK_PACKAGE_CONTACT "Velmora maintainers <maintainers@velmora.invalid>")
@@ -7,9 +6,8 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY ${PROJECT_DESCRIPTION})
 set(CPACK_PACKAGE_DESCRIPTION
 "A full-screen program for a touch screen. It shows the keys that a steering
 wheel can have. Tap one, press that key on the wheel, and once all keys are
-taught, save: from then on the unit's driver knows each of them by what was
-measured. That driver is the unit's own and no part of this package.")
-set(CPACK_SET_DESTDIR ON) # the catalogues' place is absolute
+taught, save: from then on the unit's key driver recognises them.")
+set(CPACK_SET_DESTDIR ON) # some folders are absolute
 set(CPACK_INCLUDE_TOPLEVEL_DIRECTORY OFF)
 set(CPACK_POST_BUILD_SCRIPTS ${CMAKE_SOURCE_DIR}/cmake/owned-by-root.cmake)
 set(CPACK_SYSTEM_NAME linux-${CMAKE_SYSTEM_PROCESSOR})
@@ -34,8 +32,8 @@ if(CMAKE_CROSSCOMPILING)
         ${CMAKE_SYSROOT}/lib/arm-linux-gnueabihf ${CMAKE_SYSROOT}/usr/lib/arm-linux-gnueabihf)
     set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_BINARY_DIR}/package-environment.cmake)
     file(WRITE ${CPACK_PROJECT_CONFIG_FILE}
-        "set(ENV{DPKG_ADMINDIR} ${CMAKE_SYSROOT}/var/lib/dpkg)\nset(ENV{DEB_HOST_ARCH} armhf)\n")
-    # The dependencies are those of a Debian; the SDK of another system gives the archive alone.
+        "set(ENV{DPKG_ADMINDIR} [[${CMAKE_SYSROOT}/var/lib/dpkg]])\nset(ENV{DEB_HOST_ARCH} armhf)\n")
+    # The SDK of another system than Debian has no package database: it gives the archive alone.
     if(NOT EXISTS ${CMAKE_SYSROOT}/var/lib/dpkg/status)
         set(CPACK_GENERATOR TGZ)
     endif()
