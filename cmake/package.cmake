@@ -32,7 +32,8 @@ if(CMAKE_CROSSCOMPILING)
         ${CMAKE_SYSROOT}/lib/arm-linux-gnueabihf ${CMAKE_SYSROOT}/usr/lib/arm-linux-gnueabihf)
     set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_BINARY_DIR}/package-environment.cmake)
     file(WRITE ${CPACK_PROJECT_CONFIG_FILE}
-        "set(ENV{DPKG_ADMINDIR} [[${CMAKE_SYSROOT}/var/lib/dpkg]])\nset(ENV{DEB_HOST_ARCH} armhf)\n")
+        "set(ENV{DPKG_ADMINDIR} [[${CMAKE_SYSROOT}/var/lib/dpkg]])
+        set(ENV{DEB_HOST_ARCH} armhf)")
     # The SDK of another system than Debian has no package database: it gives the archive alone.
     if(NOT EXISTS ${CMAKE_SYSROOT}/var/lib/dpkg/status)
         set(CPACK_GENERATOR TGZ)

@@ -1,6 +1,6 @@
 # Sourced to download Debian's armhf packages without changing this machine.
 
-# report_to LOG WHAT: sends the output to the log, and tells the terminal, descriptor 3, of a failure.
+# report_to LOG WHAT: sends output to the log, and tells descriptor 3, the terminal, of a failure.
 report_to() {
     log=$1 what=$2
     exec 3>&2 >"$log" 2>&1
