@@ -1,7 +1,7 @@
-# Toolchain: 32-bit ARM Linux with hardware floating point.
-
+# 32-bit ARM Linux with hardware floating point.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR arm)
+set(CMAKE_LIBRARY_ARCHITECTURE arm-linux-gnueabihf) # a blank in a path hides it from CMake
 
 set(SWC_SYSROOT ${CMAKE_CURRENT_LIST_DIR}/../build/sysroot CACHE PATH
     "Root of the unit's SDK, with Qt; by default the one that make-sysroot makes")
@@ -12,7 +12,7 @@ if(NOT CMAKE_CXX_COMPILER)
     set(CMAKE_CXX_COMPILER arm-linux-gnueabihf-g++)
 endif()
 
-# Programs are this machine's, everything else is the unit's.
+# Only programs are this machine's.
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
