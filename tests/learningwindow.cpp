@@ -23,13 +23,17 @@ int LearningWindow::save()
     return QCoreApplication::exec();
 }
 
-void LearningWindow::clear()
+QString LearningWindow::clear()
 {
+    QString text;
     QTimer inTheQuestion;
-    connect(&inTheQuestion, &QTimer::timeout,
-            [] { QApplication::activeModalWidget()->findChild<QPushButton *>()->click(); });
+    connect(&inTheQuestion, &QTimer::timeout, [&text] {
+        text = QApplication::activeModalWidget()->findChild<QLabel *>()->text();
+        QApplication::activeModalWidget()->findChild<QPushButton *>()->click();
+    });
     inTheQuestion.start(0);
     btnClear->click();
+    return text;
 }
 
 void LearningWindow::measure(int keyLine, int adc1, int adc2, int adc3)

@@ -25,7 +25,7 @@ public:
     // The user.
     void tap(int code);
     int save(); // returns the exit code
-    void clear(); // answers Yes
+    QString clear(); // answers Yes, returns the question
 
     // The driver.
     void measure(int keyLine, int adc1, int adc2, int adc3);

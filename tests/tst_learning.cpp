@@ -85,15 +85,15 @@ private slots:
         window.learn(Down, "3,1,1,1");
         window.learn(Back, "2,1200,99,9");
         window.tap(Home);
+        window.measure(2, 1261, 39, 9);
         takeLog();
         window.measure(2, 1260, 39, 9);
-        QCOMPARE(window.samples(), QStringList());
         QCOMPARE(window.colourOf(Home), Gray);
         QCOMPARE(window.notice(), QString("red REPEAT."));
         QCOMPARE(takeLog().mid(1),
                  QStringList("[swc_print][line:N][Velmora 314 is CHUAN!] GRAY..."));
-        window.measure(2, 1261, 39, 9);
-        QCOMPARE(window.sampleNumbers(), QList<int>{ 0 });
+        window.measure(2, 1262, 39, 9);
+        QCOMPARE(window.sampleNumbers(), (QList<int>{ 0, 1 }));
         QCOMPARE(window.colourOf(Home), Gray);
     }
 
@@ -165,6 +165,7 @@ private slots:
         window.measure(2, 2, 0, 0);
         QVERIFY(takeLog().filter("initSampleKeys").isEmpty());
         QCOMPARE(window.samples(), QStringList("314,2,2,0,0"));
+        QCOMPARE(window.sampleNumbers(), QList<int>{ 0 });
         window.tap(Back);
         window.release();
         QCOMPARE(window.learnedCount(), 0);
