@@ -47,16 +47,6 @@ CustomMsgBox::CustomMsgBox(QWidget *, QString text) : QDialog(nullptr)
     msgLabel->setText(text);
 }
 
-void CustomMsgBox::slotsYesClick()
-{
-    accept();
-}
-
-void CustomMsgBox::slotsNoClick()
-{
-    reject();
-}
-
 void CustomMsgBox::placeChildren()
 {
     const int textHeight = part(height(), 0.7);

@@ -16,8 +16,8 @@ public:
     CustomMsgBox(QWidget *, QString text);
 
 public slots:
-    void slotsYesClick();
-    void slotsNoClick();
+    void slotsYesClick() { accept(); }
+    void slotsNoClick() { reject(); }
 
 private:
     void placeChildren();

@@ -98,7 +98,7 @@ private:
     void clearKeys();
     void showNotice(int level, const QString &text);
 
-    void watchAgain(const QString &path);
+    QString readChange(const QString &path);
     bool takeReading(const QString &path, Reading *reading);
     void handleSample();
     void handleRelease();

@@ -11,11 +11,10 @@
 #include <QFileSystemWatcher>
 #include <QPushButton>
 
+constexpr int maxChanges = 5; // while one reading is taken
+
 void KeyMainWindow::onFileChange(QString path)
 {
-    if (fileWatcher && sender() == fileWatcher)
-        watchAgain(path);
-
     Reading reading;
     if (!takeReading(path, &reading))
         return;
@@ -48,20 +47,11 @@ void KeyMainWindow::onFileChange(QString path)
     }
 }
 
-// Called before the file is read: changes that are queued for the old watch are dropped, since the
-// read sees their result, and every later change brings a new signal. The new watch also follows
-// the path to a file that was renamed over the old one.
-void KeyMainWindow::watchAgain(const QString &path)
-{
-    fileWatcher->removePath(path);
-    fileWatcher->addPath(path);
-}
-
 bool KeyMainWindow::takeReading(const QString &path, Reading *reading)
 {
     if (!QFile::exists(path))
         return false;
-    const QString text = readText(path);
+    const QString text = readChange(path);
     switch (parseReading(text, reading)) {
     case ReadingFault::None:
         return true;
@@ -73,6 +63,23 @@ bool KeyMainWindow::takeReading(const QString &path, Reading *reading)
         break;
     }
     return false;
+}
+
+// Watching the path anew drops the signals of changes that are already seen, and follows a file
+// that was renamed over the old one. If the text is the same before and after, no change is lost or
+// seen twice: a later one brings a new signal.
+QString KeyMainWindow::readChange(const QString &path)
+{
+    QString text = readText(path);
+    for (int i = 0; i < maxChanges && fileWatcher && sender() == fileWatcher; ++i) {
+        fileWatcher->removePath(path);
+        fileWatcher->addPath(path);
+        const QString again = readText(path);
+        if (again == text)
+            break;
+        text = again;
+    }
+    return text;
 }
 
 void KeyMainWindow::handleSample()
