@@ -7,8 +7,10 @@
 #include <QDesktopWidget>
 #include <QDir>
 #include <QFile>
+#include <QHash>
 #include <QRect>
 #include <QScreen>
+#include <QTimer>
 
 #include <ctime>
 #include <utility>
@@ -16,12 +18,12 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+QSize screenSize;
+
 namespace {
 
 // In milliseconds, and far ahead of the real time: timed waits of other threads never expire.
 qint64 now = 1000000000000;
-
-QSize screenSize;
 
 const bool withoutDisplay = qputenv("QT_QPA_PLATFORM", "offscreen");
 // Qt Test's own time limit reads this clock too; CTest has one for every test.
@@ -34,7 +36,10 @@ void recordLog(QtMsgType type, const QMessageLogContext &context, const QString 
 {
     const QString line = QString::number(context.line) + ']';
     if (type == QtDebugMsg && qstrcmp(context.category, "default") == 0)
-        logLines += QString(text).replace(' ' + line, " N]").replace("line:" + line, "line:N]");
+        logLines += QString(text)
+                        .remove("[swc_print]")
+                        .replace(' ' + line, " N]")
+                        .replace("line:" + line, "line:N]");
     else if (!text.startsWith("This plugin does not support")) // moving a window, for example
         qtHandler(type, context, text);
 }
@@ -60,11 +65,6 @@ const QRect QDesktopWidget::availableGeometry(int) const
 QSize QScreen::size() const
 {
     return screenSize;
-}
-
-void setScreen(const QSize &size)
-{
-    screenSize = size;
 }
 
 void handleEvents()
@@ -116,7 +116,7 @@ HeadUnit::HeadUnit(const QByteArray &configuration)
       previousHandler(qInstallMessageHandler(recordLog))
 {
     qtHandler = previousHandler;
-    setScreen({ 800, 480 });
+    screenSize = { 800, 480 };
     now += 1000 - now % 1000;
     QDir::setCurrent(folder.path());
     QDir().mkpath("media/flash/nvm/Corvane");
@@ -132,4 +132,70 @@ HeadUnit::~HeadUnit()
     if (QCoreApplication::instance())
         pass(3000); // the last notice goes
     qInstallMessageHandler(previousHandler);
+}
+
+LearningWindow::LearningWindow(const QByteArray &configuration)
+    : HeadUnit(configuration), KeyMainWindow(nullptr)
+{
+}
+
+void LearningWindow::tap(int code)
+{
+    button(code)->click();
+    handleEvents();
+}
+
+int LearningWindow::save()
+{
+    QTimer inTheEventLoop;
+    connect(&inTheEventLoop, SIGNAL(timeout()), btnSave, SLOT(click()));
+    inTheEventLoop.start(0);
+    return QCoreApplication::exec();
+}
+
+QString LearningWindow::clear()
+{
+    QString text;
+    QTimer inTheQuestion;
+    connect(&inTheQuestion, &QTimer::timeout, [&text] {
+        text = QApplication::activeModalWidget()->findChild<QLabel *>()->text();
+        QApplication::activeModalWidget()->findChild<QPushButton *>()->click();
+    });
+    inTheQuestion.start(0);
+    btnClear->click();
+    return text;
+}
+
+void LearningWindow::measure(int keyLine, int adc1, int adc2, int adc3)
+{
+    writeText(QString("99:%1,%2,%3,%4").arg(keyLine).arg(adc1).arg(adc2).arg(adc3).toLatin1());
+}
+
+void LearningWindow::writeText(const QByteArray &text)
+{
+    write(readingPath, text);
+    handleEvents();
+}
+
+QString LearningWindow::colourOf(int code) const
+{
+    const QString rest = ";border-radius:6px;border:none;outline:none";
+    const QHash<QString, QString> names = {
+        { "QPushButton{background-color:rgb(80,80,80)" + rest + "}", Gray },
+        { "background-color:blue" + rest, Blue },
+        { "background-color:green" + rest, Green },
+        { "QPushButton{background-color:green" + rest + "}", GreenAtStart },
+    };
+    const QString style = button(code)->styleSheet();
+    return names.value(style, style);
+}
+
+QString LearningWindow::notice() const
+{
+    QStringList notices;
+    for (const QLabel *label : shownNotices()) {
+        const QString colour = label->styleSheet().section("; color:", 1).section(';', 0, 0);
+        notices += colour + ' ' + label->text();
+    }
+    return notices.join(" above ");
 }

@@ -1,7 +1,6 @@
 #!/usr/bin/env bash
-# package.sh SOURCE BUILD TOOLCHAIN SYSROOT [EMULATOR...]: builds both packages as an ordinary user,
-# checks them and the service, and starts the program from another folder than the root, in a root
-# that has this machine's folders and the package's /application and /media.
+# package.sh SOURCE BUILD TOOLCHAIN SYSROOT [EMULATOR...]: builds both packages as an ordinary user
+# and checks them. The program starts in a root that has the package's /application.
 set -euo pipefail
 
 if [ "$1" = unpack ]; then shift && unpack=yes; fi

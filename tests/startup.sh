@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# startup.sh BUILD: the program paints its first frame with at most four times the instructions that
-# an empty window takes, and once that is done nothing wakes up any more.
+# startup.sh BUILD: the first frame takes at most four times the instructions of an empty window,
+# and nothing wakes up after it.
 set -euo pipefail
 
 build=$1 program=

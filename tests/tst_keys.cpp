@@ -1,10 +1,8 @@
-#include "learningwindow.h"
+#include "headunit.h"
 
 #include <QIcon>
-#include <QMetaMethod>
 #include <QPixmap>
 
-// The keys of the screen: position, code, image and time-out slot of each.
 class TestKeys : public QObject
 {
     Q_OBJECT
@@ -57,10 +55,8 @@ private slots:
         const QByteArray slot = QByteArray("recorrect") + QTest::currentDataTag() + "BtnStatus";
         QVERIFY2(QMetaObject::invokeMethod(&window, slot), slot);
         QCOMPARE(window.waiting(), QList<int>());
-        // The slots have the order of the keys, behind those of the readings and the taps.
-        QCOMPARE(window.metaObject()->indexOfSlot(slot + "()")
-                     - window.metaObject()->methodOffset(),
-                 2 + position);
+        const QMetaObject *type = window.metaObject();
+        QCOMPARE(type->indexOfSlot(slot + "()") - type->methodOffset(), 2 + position);
     }
 };
 

@@ -1,4 +1,5 @@
-#include "learningwindow.h"
+#include "androidtoast.h"
+#include "headunit.h"
 
 #include <QApplication>
 #include <QDir>
@@ -9,59 +10,39 @@ class TestLanguages : public QObject
 {
     Q_OBJECT
 
-    QTranslator translator;
-
-    void checkNotice(const char *source)
-    {
-        QLabel *notice = shownNotices().value(0);
-        const QString text = translator.translate("KeyMainWindow", source);
-        QVERIFY2(notice && !text.isEmpty() && notice->text() == text, source);
-        checkFit(notice, { 160, 80 });
-        pass(3000);
-    }
-
     static void checkFit(QLabel *label, const QSize &size)
     {
         label->ensurePolished(); // the style sheet sets the size of the font
         const QRect lines = label->fontMetrics().boundingRect(QRect(0, 0, size.width(), 1000),
                                                               Qt::TextWordWrap, label->text());
-        QVERIFY2(lines.width() <= size.width() && lines.height() <= size.height(),
+        QVERIFY2(!label->text().isEmpty() && QRect(QPoint(), size).contains(lines),
                  qPrintable(label->text()));
     }
 
 private slots:
-    void theTextsAreTranslatedAndFit_data()
+    void theTextsFit_data()
     {
         QTest::addColumn<QString>("catalogue");
         for (const QString &name : QDir(CATALOGUES_FOLDER).entryList({ "*.qm" }))
             QTest::newRow(qPrintable(name)) << name;
     }
-    void theTextsAreTranslatedAndFit()
+    void theTextsFit()
     {
         QFETCH(QString, catalogue);
         QApplication::setFont(QFont("Droid Sans Fallback", 16));
+        QTranslator translator;
         QVERIFY(translator.load(catalogue, CATALOGUES_FOLDER));
         QCoreApplication::installTranslator(&translator);
 
-        LearningWindow window;
+        const LearningWindow window;
         QLabel *instructions = window.findChildren<QLabel *>().value(2);
         checkFit(instructions, { 752, 125 }); // at 800 x 480
         checkFit(instructions, { 962, 157 }); // at 1024 x 600
-        window.learn(Down, "3,7,8,9");
-        window.tap(Down);
-        checkNotice("LEARNED.");
-        window.tap(Home);
-        window.measure(3, 7, 8, 9);
-        checkNotice("REPEAT.");
-        window.release();
-        checkNotice("FAILED.");
-        window.tap(Back);
-        pass(4000);
-        checkNotice("NO LEARNING.");
-        window.tap(Back);
-        window.measure(2, 7, 8, 9);
-        window.release();
-        checkNotice("SUCCESS.");
+        for (const char *text : { "SUCCESS.", "FAILED.", "REPEAT.", "NO LEARNING.", "LEARNED." }) {
+            AndroidToast::showTip(0, translator.translate("KeyMainWindow", text), nullptr);
+            checkFit(shownNotices().first(), { 160, 80 });
+            pass(3000);
+        }
     }
 };
 

@@ -31,11 +31,9 @@ private slots:
     void aFileIsReadUntilItNoLongerChanges()
     {
         const HeadUnit unit;
-        for (int changes : { 1, 3 }) {
-            write("file", "first");
-            changesLeft = changes;
-            QCOMPARE(readFile("file"), QByteArray("text 0"));
-        }
+        write("file", "first");
+        changesLeft = 3;
+        QCOMPARE(readFile("file"), QByteArray("text 0"));
         changesLeft = 9;
         QCOMPARE(readFile("file"), QByteArray());
         QCOMPARE(changesLeft, 4); // after five reads

@@ -1,49 +1,19 @@
-#include "learningwindow.h"
+#include "headunit.h"
 
 #include <QFile>
 
 #include <cstdio>
 
-#include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
 
-enum Method { Truncate, Overwrite, Rename, Pieces };
+constexpr int readings = 3000; // no two of them are equal
 
-// All three values are equal, so that half of one text and half of another can be recognised.
 QByteArray readingText(int number)
 {
-    return QString("16:2,%1,%1,%1").arg(1000 + number % 3000).toLatin1();
-}
-
-void writeReading(const QByteArray &text, Method method)
-{
-    const char *path = method == Rename ? "new" : readingPath;
-    const int file = open(path, O_WRONLY | O_CREAT | (method == Overwrite ? 0 : O_TRUNC), 0666);
-    const int start = method == Pieces ? text.lastIndexOf(',') : 0;
-    if (::write(file, text.constData(), start) < 0
-        || ::write(file, text.constData() + start, text.size() - start) < 0)
-        _exit(1);
-    close(file);
-    if (method == Rename)
-        std::rename(path, readingPath);
-}
-
-// Another process writes the readings while this one handles its events. The pause is in us.
-void driverWrites(int count, Method method, useconds_t pause)
-{
-    const pid_t driver = fork();
-    for (int i = 0; driver == 0 && i < count; ++i) {
-        usleep(pause);
-        writeReading(readingText(i), method);
-    }
-    if (driver == 0)
-        _exit(0);
-    while (waitpid(driver, nullptr, WNOHANG) == 0)
-        handleEvents();
-    handleEvents();
+    return QString("16:2,%1,0,0").arg(number).toLatin1();
 }
 
 } // namespace
@@ -58,33 +28,38 @@ private slots:
     {
         LearningWindow window;
         window.tap(Home);
-        takeLog();
-        driverWrites(3000, Truncate, 1000); // no two of them are equal
+        const pid_t driver = fork();
+        for (int i = 0; driver == 0 && i < readings; ++i) {
+            usleep(1000);
+            write(readingPath, readingText(i));
+        }
+        if (driver == 0)
+            _exit(0);
+        while (waitpid(driver, nullptr, WNOHANG) == 0)
+            handleEvents();
+        handleEvents();
+        QCOMPARE(window.lastSample(), "314," + QString(readingText(readings - 1)).mid(3));
         const QStringList log = takeLog();
         const int repeated = log.filter("[ChongFuKeys...]").size();
-        QVERIFY2(20 * repeated < log.filter("validKey:").size(),
+        QVERIFY2(100 * repeated < log.filter("validKey:").size(),
                  qPrintable(QString::number(repeated)));
     }
 
-    void theLastReadingIsSeenAndNoTextIsTorn_data()
+    void aFileThatIsRenamedOverTheOldOneIsFollowed()
     {
-        QTest::addColumn<int>("method");
-        QTest::newRow("truncate and write") << int(Truncate);
-        QTest::newRow("overwrite") << int(Overwrite);
-        QTest::newRow("rename") << int(Rename);
-        QTest::newRow("two pieces") << int(Pieces);
-    }
-    void theLastReadingIsSeenAndNoTextIsTorn()
-    {
-        QFETCH(int, method);
         LearningWindow window;
         window.tap(Home);
-        for (int count = 1; count <= 100; ++count) {
-            driverWrites(count, static_cast<Method>(method), 0);
-            QCOMPARE(window.lastSample(), "314," + QString(readingText(count - 1)).mid(3));
+        QFile old(readingPath); // its watch stays if somebody has it open
+        QVERIFY(old.open(QIODevice::ReadOnly));
+        for (int i = 0; i < 3; ++i) {
+            write("new", readingText(i));
+            QCOMPARE(std::rename("new", readingPath), 0);
+            handleEvents();
+            QCOMPARE(window.samples().size(), i + 1);
         }
-        for (const QString &sample : window.samples())
-            QCOMPARE(sample, QString("314,2,%1,%1,%1").arg(sample.section(',', 2, 2)));
+        QFile::remove(readingPath);
+        handleEvents();
+        QVERIFY(takeLog().filter("!contains").isEmpty());
     }
 
     void aFileThatIsCreatedLaterIsNotWatched()
@@ -92,10 +67,9 @@ private slots:
         const HeadUnit unit;
         QFile::remove(readingPath);
         KeyMainWindow window(nullptr);
+        write(readingPath, "no colon");
         window.onFileChange(readingPath);
-        write(readingPath, "");
-        window.onFileChange(readingPath);
-        QCOMPARE(takeLog(), QStringList("[swc_print][!contains(:)] \"\""));
+        takeLog();
         write(readingPath, "no colon");
         handleEvents();
         QCOMPARE(takeLog(), QStringList());
