@@ -7,13 +7,11 @@
 
 int startVelmora(int argc, char **argv); // main()
 
-namespace {
-
-QtMessageHandler recordHandler;
-QFont applicationFont;
+static QtMessageHandler recordHandler;
+static QFont applicationFont;
 
 // Ends the program as soon as its event loop runs.
-void endAfterStart(QtMsgType type, const QMessageLogContext &context, const QString &text)
+static void endAfterStart(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     recordHandler(type, context, text);
     applicationFont = QApplication::font();
@@ -21,7 +19,7 @@ void endAfterStart(QtMsgType type, const QMessageLogContext &context, const QStr
         QTimer::singleShot(0, qApp, SLOT(quit()));
 }
 
-QStringList logOfStart()
+static QStringList logOfStart()
 {
     recordHandler = qInstallMessageHandler(endAfterStart);
     QByteArray name = "velmora";
@@ -30,8 +28,6 @@ QStringList logOfStart()
     qInstallMessageHandler(recordHandler);
     return takeLog();
 }
-
-} // namespace
 
 class TestMain : public QObject
 {
@@ -44,7 +40,6 @@ private slots:
         QTest::addColumn<QString>("catalogue");
         QTest::newRow("English") << QByteArray("0") << "en_gb";
         QTest::newRow("Chinese") << QByteArray("1") << "zh_rCN";
-        QTest::newRow("another") << QByteArray("99") << "en_gb";
     }
     void theLanguageSelectsTheCatalogue()
     {

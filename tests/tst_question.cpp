@@ -20,7 +20,6 @@ private slots:
         QCOMPARE(
             question.styleSheet(),
             QString("background-color:rgb(40,40,40);border-radius:12px!important;outline:none"));
-        QCOMPARE(takeLog(), QStringList("[msg_print] 1024,600"));
 
         const auto *label = question.findChild<QLabel *>();
         QCOMPARE(label->text(), QString("A text that is too wide for the label"));

@@ -2,22 +2,18 @@
 
 #include <QtTest>
 
-namespace {
-
-Reading parse(const QString &text)
+static Reading parse(const QString &text)
 {
     Reading reading;
     return parseReading(text, &reading) == ReadingFault::None ? reading : Reading();
 }
 
-ReadingClass classOf(int adc1, int adc2, int adc3)
+static ReadingClass classOf(int adc1, int adc2, int adc3)
 {
     Reading reading;
     reading.adc = { adc1, adc2, adc3 };
     return classify(reading);
 }
-
-} // namespace
 
 class TestReading : public QObject
 {

@@ -2,14 +2,10 @@
 
 #include <QFile>
 
-namespace {
-
 // With a key in both groups, a byte that is not UTF-8, and zero bytes that a power loss has left.
 const QByteArray homeAndBack = R"({"direction1":[{"direction_event":314,"adc":[3]}],
     "direction0":[{"direction_event":314,"adc":[1,2]},{"direction_event":250}],"unused":")"
     + QByteArray("\xfc\"}\0\0", 5);
-
-} // namespace
 
 // The configuration file, its backup and the flag: what the start, save and clear do to them.
 class TestSaving : public QObject

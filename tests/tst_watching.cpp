@@ -7,16 +7,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace {
-
 constexpr int readings = 3000; // no two of them are equal
 
-QByteArray readingText(int number)
+static QByteArray readingText(int number)
 {
     return QString("16:2,%1,0,0").arg(number).toLatin1();
 }
-
-} // namespace
 
 class TestWatching : public QObject
 {
