@@ -1,7 +1,6 @@
 # Sourced after a stage: what a person does with the program from the first tap on.
 
-# tell_story FOLDER: leaves pictures there, and what was saved. The README shows 1-start,
-# in both languages, and 3-learning.
+# tell_story FOLDER: leaves pictures there, and what was saved. The README shows 3-learning.
 tell_story() {
     pictures=$1
     mkdir -p "$pictures"
