@@ -19,7 +19,7 @@ constexpr char labelStyle[] = "font-size:24px;color:white;font:normal";
 constexpr char buttonStyle[] = "QPushButton{background-color:rgb(80,80,80);color:white;"
                                "border-radius:2px;border:none;outline:none}";
 
-// Truncates each product to whole pixels.
+// Returns a share of a length, truncated to whole pixels.
 int part(int whole, double share)
 {
     return static_cast<int>(whole * share);

@@ -7,8 +7,8 @@
 
 class QJsonObject;
 
-// The JSON file by which the key driver decodes key presses: two groups of keys, one for each key
-// line. docs/driver.md describes it.
+// The JSON file that the key driver uses to decode key presses: two groups of keys, one for each
+// key line. docs/driver.md describes it.
 
 constexpr char line2Group[] = "direction0";
 constexpr char line3Group[] = "direction1";
@@ -27,14 +27,14 @@ QList<LoadedKey> keysOfGroup(const QJsonObject &configuration, const QString &gr
 
 // Selects the converter channel (1 to 3) by which the driver tells the keys of one line apart.
 // Returns it with its spacing, or an empty map if no key is on the line. The spacing of a channel
-// is the smallest of its lowest value and all differences between neighbouring values; the channel
-// with the largest spacing is selected, and of equal ones the highest.
+// is the smallest difference between neighbouring values, or the lowest value if that is smaller.
+// The channel with the largest spacing is selected; of several, the one with the highest number.
 QMap<int, int> selectChannel(const QMap<int, QString> &learnedKeys, int keyLine);
 
 // The tolerance around a learned value: half the spacing, rounded down.
 int intervalFor(int spacing);
 
 // The file's bytes, given the selected channel of each line. Keys on any other line than 2 and 3
-// are left out, and so is an interval of -1.
+// are left out. An interval of -1 means that there is none, and is left out too.
 QByteArray configurationText(const QMap<int, QString> &learnedKeys, const QMap<int, int> &line2,
                              const QMap<int, int> &line3);

@@ -11,6 +11,7 @@
 #include <QFileSystemWatcher>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QIODevice>
 #include <QIcon>
 #include <QLabel>
 #include <QPalette>
@@ -29,7 +30,7 @@ constexpr char instructionsStyle[] =
     "background-color:rgb(0, 0, 0);font-size:20px;color:white;font:normal";
 constexpr char separatorStyle[] = "background-color:gray;";
 
-// The sizes of the buttons are made for the two screens of head units.
+// Only these two screens have button sizes of their own.
 QSize buttonSizeFor(const QSize &screen)
 {
     if (screen != QSize(800, 480) && screen != QSize(1024, 600))

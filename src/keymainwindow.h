@@ -31,21 +31,21 @@ public:
     void writeClearFlag();
 
     // The samples of the key being learned, and the learned keys.
-    void insertSampleKeys(int &index, QString &sample); // refuses an equal one
-    bool isChuanKey(QString &sample); // collides with a learned key, its own included
+    void insertSampleKeys(int &index, QString &sample); // unless an equal one is stored
+    bool isChuanKey(QString &sample); // true if it is too close to any learned key
     int insertSwcKeys(); // 0, or -1 if there are no samples
     bool isKeyLearned(int code);
     void initSampleKeys();
     void initSwcKeys();
 
-    // The key configuration file and its backup.
+    // The key configuration file and its backup. setDirectionRoad() adds the keys of one group.
     int loadSwcKeys(); // number of keys, or -1 if the file is missing
     void setDirectionRoad(QJsonObject configuration, QMap<int, QString> &learnedKeys,
                           QString group);
     QMap<int, int> insertSwcKey1Flag(); // channel and spacing of key line 2
     QMap<int, int> insertSwcKey2Flag(); // channel and spacing of key line 3
     void saveSwcKeys();
-    void backupDirection(); // unless there is one
+    void backupDirection(); // does nothing if a backup exists
 
     // Ends a selection that still waits.
     void recorrectBtnStatus(int code);

@@ -9,8 +9,7 @@
 #include <QDebug>
 #include <QFile>
 
-// The "0" is flushed: if the power failed before it is on the medium, the next boot would start in
-// learning mode.
+// The "0" is flushed. Otherwise a power failure could leave "1" in the file.
 void KeyMainWindow::writeLearnFlag(bool on)
 {
     if (!QFile::exists(Platform::flag))

@@ -65,9 +65,9 @@ bool KeyMainWindow::takeReading(const QString &path, Reading *reading)
     return false;
 }
 
-// Watching the path anew drops the signals of changes that are already seen, and follows a file
-// that was renamed over the old one. If the text is the same before and after, no change is lost or
-// seen twice: a later one brings a new signal.
+// Removing and adding the path discards signals for changes that have already been read, and finds
+// a file that was renamed over the old one. If the text is the same before and after, nothing was
+// missed.
 QString KeyMainWindow::readChange(const QString &path)
 {
     QString text = readText(path);

@@ -9,6 +9,7 @@
 
 #include <QCoreApplication>
 #include <QDebug>
+#include <QDialog>
 #include <QFile>
 #include <QHash>
 #include <QPushButton>
@@ -87,8 +88,8 @@ void KeyMainWindow::askToClear()
 {
     CustomMsgBox question(this, "Delete data?");
     const int answer = answerTo(&question);
-    // After a queued tap on save, exec() returns at once because the event loop is ending. The
-    // question is then still open, and nobody has answered it.
+    // If a tap on save was queued before this one, the event loop is ending and exec() returns
+    // without an answer. The question is then still open.
     const bool answered = !question.isVisible();
     if (answered && answer == QDialog::Accepted) {
         clearKeys();
@@ -102,8 +103,8 @@ void KeyMainWindow::askToClear()
     question.close();
 }
 
-// A slow unit queues taps. One that follows the answer is handled before exec() returns, and a save
-// would write the keys that the answer deletes.
+// A slow head unit queues taps. A tap on save that was queued after Yes would be handled before
+// exec() returns, and would save the keys that are about to be deleted.
 int KeyMainWindow::answerTo(CustomMsgBox *question)
 {
     const QSignalBlocker noSave(btnSave);

@@ -3,6 +3,7 @@
 #include "util.h"
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QDebug>
 #include <QFile>
 #include <QFont>

@@ -12,7 +12,7 @@ namespace Platform {
 constexpr char englishTexts[] = SWC_PLATFORM_ROOT "/application/languages/Velmora_en_gb.qm";
 constexpr char chineseTexts[] = SWC_PLATFORM_ROOT "/application/languages/Velmora_zh_rCN.qm";
 
-// Relative on a head unit too.
+// Always relative to the working directory.
 constexpr char settings[] = "media/flash/nvm/Corvane/UserData.ini";
 
 constexpr char reading[] = SWC_PLATFORM_ROOT "/media/flash/nvm/swc_keys";

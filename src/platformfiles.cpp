@@ -22,8 +22,9 @@ bool isSpecial(const QString &path)
 bool holdsCopy(const QString &from, const QString &to)
 {
     const QFileInfo copy(to);
-    return copy.isFile() && !copy.isSymLink() && copy.size() == QFileInfo(from).size()
-        && readFile(from) == readFile(to);
+    return copy.isSymLink()
+        || (copy.isFile() && copy.size() == QFileInfo(from).size()
+            && readFile(from) == readFile(to));
 }
 
 } // namespace
@@ -36,11 +37,11 @@ QByteArray readFile(const QString &path)
     if (isSpecial(path) || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return QByteArray();
 
-    QByteArray content = file.read(maxFileSize + 1);
-    for (int reads = 1; content.size() <= maxFileSize && reads < maxReads; ++reads) {
+    QByteArray content;
+    for (int reads = 0; file.size() <= maxFileSize && reads < maxReads; ++reads) {
         file.seek(0);
-        const QByteArray again = file.read(maxFileSize + 1);
-        if (again == content)
+        const QByteArray again = file.readAll();
+        if (reads > 0 && again == content)
             return content;
         content = again;
     }
@@ -59,7 +60,7 @@ void writeFile(const QString &path, const QByteArray &content)
         file.write(content);
 }
 
-// QFile opens no directories.
+// Uses open() because QFile can't open a directory.
 void flushToMedium(const QString &path)
 {
     for (const QString &place : { path, QFileInfo(path).path() }) {

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int tolerance = 60; // converter steps between two samples of one key
+constexpr int maxDistance = 60; // of each value, at which two readings count as one key
 constexpr int learnedRecordFields = 1 + channelCount;
 
 int roundedMean(int sum, int count)
@@ -40,7 +40,7 @@ bool collides(const QString &sample, const QString &learned)
         return false;
     for (int i = 1; i < learnedRecordFields; ++i) {
         const qint64 difference = qint64(measured.at(i)) - known.at(i);
-        if (qAbs(difference) > tolerance)
+        if (qAbs(difference) > maxDistance)
             return false;
     }
     return true;
@@ -53,11 +53,11 @@ int keyCodeOf(const QString &sample)
 
 QString learnedRecordFrom(const QMap<int, QString> &samples)
 {
-    QString record = QString::number(fieldsOf(samples.first()).at(1));
+    QString record = QString::number(fieldsOf(samples.first()).value(1));
     for (int field = 2; field < 2 + channelCount; ++field) {
         int sum = 0;
         for (const QString &sample : samples)
-            sum += fieldsOf(sample).at(field);
+            sum += fieldsOf(sample).value(field);
         record += ',' + QString::number(roundedMean(sum, samples.size()));
     }
     return record;

@@ -2,5 +2,5 @@
 
 #include <QRect>
 
-// The area of the default screen that no panel takes, in pixels.
+// The area of the default screen that no taskbar takes, in pixels.
 QRect availableScreen();
