@@ -16,11 +16,12 @@ install_program() {
     DESTDIR=$(realpath "$unit") cmake --install "$build" >/dev/null
 }
 
-# start_screen WIDTH HEIGHT SERVER...: sets DISPLAY, and $screen to the process of the server.
+# start_screen WIDTH HEIGHT SERVER...: sets DISPLAY, and $screen to the process of the server. Without
+# -noreset the server resets when the program ends, and may refuse the next one.
 start_screen() {
     lay_out "$1" "$2"
     rm -f "$unit/display"
-    "${@:3}" -displayfd 3 3>"$unit/display" 2>/dev/null &
+    "${@:3}" -noreset -displayfd 3 3>"$unit/display" 2>/dev/null &
     screen=$!
     at_exit "kill $screen"
     await 10 "the X server" test -s "$unit/display"

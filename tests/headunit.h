@@ -24,7 +24,7 @@ void pass(int milliseconds);
 
 void handleEvents(); // until none is left
 
-extern QSize screenSize; // 800 x 480 on a new head unit; panels take nothing of it
+extern QSize screenSize; // all of it available; 800 x 480 on a new head unit
 
 void write(const QString &path, const QByteArray &content);
 QByteArray read(const QString &path); // null if the file is missing
@@ -33,7 +33,6 @@ QByteArray read(const QString &path); // null if the file is missing
 // source line.
 QStringList takeLog();
 
-// The label of every notice on the screen.
 QList<QLabel *> shownNotices();
 
 // A directory that stands in for the root of a head unit, with the driver's files in it.

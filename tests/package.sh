@@ -4,7 +4,7 @@
 set -euo pipefail
 
 if [ "$1" = unpack ]; then shift && unpack=yes; fi
-source=$1 build=$2/package toolchain=$3 sysroot=$4 emulator=("${@:5}")
+source=$1 build=$2/package toolchain=${3-} sysroot=${4-} emulator=("${@:5}")
 tree=$build/tree root=$build/root log=$build/log.txt
 PATH+=:/usr/sbin:/sbin # an ordinary user's has no chroot
 

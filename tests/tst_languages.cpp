@@ -5,7 +5,6 @@
 #include <QDir>
 #include <QTranslator>
 
-// The texts of every language, by the name of its catalogue.
 class TestLanguages : public QObject
 {
     Q_OBJECT

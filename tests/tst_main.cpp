@@ -9,12 +9,14 @@ int startVelmora(int argc, char **argv); // main()
 
 static QtMessageHandler recordHandler;
 static QFont applicationFont;
+static QString translation;
 
 // Ends the program as soon as its event loop runs.
 static void endAfterStart(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     recordHandler(type, context, text);
     applicationFont = QApplication::font();
+    translation = QCoreApplication::translate("KeyMainWindow", "FAILED.");
     if (text.endsWith("Start Velmora..."))
         QTimer::singleShot(0, qApp, SLOT(quit()));
 }
@@ -62,6 +64,7 @@ private slots:
         QCOMPARE(log.value(5), QString("~KeyMainWindow"));
         QCOMPARE(applicationFont.family(), QString("Droid Sans Fallback"));
         QCOMPARE(applicationFont.pointSize(), 16);
+        QCOMPARE(translation == "FAILED.", index == "0");
     }
 
     void aCatalogueMayBeMissingOrDamaged()

@@ -33,6 +33,7 @@ private slots:
         QCOMPARE(numbers.keyLine, 3);
         QVERIFY(numbers.adc == (std::array<int, 3>{ 10, -4, 4095 }));
         const Reading others = parse("99:x,1.5,0x1F,2147483648");
+        QVERIFY(!others.payload.isEmpty());
         QCOMPARE(others.keyLine, 0);
         QVERIFY(others.adc == (std::array<int, 3>{ 0, 0, 0 }));
     }

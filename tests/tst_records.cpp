@@ -27,8 +27,10 @@ private slots:
 
     void aKeyIsLearnedAsTheRoundedMeans()
     {
-        const QMap<int, QString> samples = { { 0, "9,3,1200,2,0,99" }, { 2, "9,2,1203,2,0" } };
-        QCOMPARE(learnedRecordFrom(samples), QString("3,1202,2,0"));
+        const QMap<int, QString> samples = {
+            { 0, "9,3,0,0,1,99" }, { 2, "9,2,0,0,1" }, { 3, "9,2,1,0,1" }, { 4, "9,2,1,1,0" }
+        };
+        QCOMPARE(learnedRecordFrom(samples), QString("3,1,0,1"));
     }
 };
 

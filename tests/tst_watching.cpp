@@ -19,7 +19,7 @@ class TestWatching : public QObject
     Q_OBJECT
 
 private slots:
-    // The kernel reports both. A release that is read twice would turn the button gray again.
+    // The kernel reports both of them.
     void aTruncationAndAWriteAreOneReading()
     {
         LearningWindow window;

@@ -68,7 +68,7 @@ private slots:
             QCOMPARE(labels.at(i)->styleSheet(), QString("background-color:gray;"));
     }
 
-    // Without margins, on a large screen: neither fonts nor styles decide about the positions.
+    // Without margins, so that neither fonts nor styles affect the positions.
     void everythingIsInItsPlace()
     {
         LearningWindow window;
