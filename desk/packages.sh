@@ -1,4 +1,4 @@
-# Sourced by the commands: the Debian packages that each needs.
+# Sourced by run, test and emulator/make: the Debian packages that they need.
 
 build_packages=(g++ cmake make ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools)
 screen_packages=(xvfb xdotool imagemagick fonts-droid-fallback fonts-dejavu-core)
@@ -23,8 +23,8 @@ require_packages() {
     }
 }
 
-# one_at_a_time ARGUMENT...: starts the command again as the only one of its folder; two at once
-# would build in the same folders.
+# one_at_a_time ARGUMENT...: runs the command again under a lock, because two at once would build in
+# the same folders.
 one_at_a_time() {
     [ -z "${SWC_ONLY_ONE-}" ] || return 0
     mkdir -p build

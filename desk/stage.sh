@@ -94,7 +94,7 @@ answer() {
 }
 
 # ask TO FROM LAST REQUEST: writes the request to one descriptor and prints what comes from the
-# other, but the last line, which matches the pattern LAST and is left in $last.
+# other, except the last line, which matches the pattern LAST and is left in $last.
 ask() {
     echo "$4" >&"$1"
     while read -r -t 30 last <&"$2"; do

@@ -38,7 +38,7 @@ learn_one_key() {
     picture 4-repeat
 }
 
-# Home and playpause come last, when their selections from before have timed out.
+# Home and playpause come last, when the timers of their earlier taps have expired.
 clear_and_learn_all() {
     local key
     tap clear

@@ -1,5 +1,5 @@
-# Sourced: the stage on an emulated head unit, with kernel, frame buffer, touch panel and plug. Its
-# files are in the folder $run.
+# Sourced: the stage on an emulated head unit, with kernel, frame buffer, touch panel, and power that
+# can be cut. Its files are in the folder $run.
 
 . "$project/desk/stage.sh"
 PATH+=:/usr/sbin:/sbin # the file system's tools, which a user's PATH leaves out
@@ -50,7 +50,7 @@ plug_in() {
     monitor qmp_capabilities
 }
 
-# No byte more reaches the flash.
+# Nothing more reaches the flash.
 pull_the_plug() {
     local line
     [ -n "$machine" ] || return 0
@@ -84,8 +84,8 @@ program_ended() {
 
 has_ended() { grep -qF '[program] end' "$run/console.txt"; }
 
-# Sends the bytes of the panel, on which the screen is 2048 x 2048. No tap is exactly where the one
-# before was: the kernel reports only what has changed, and a new program would not know the line.
+# Sends the bytes of the panel, on which the screen is 2048 x 2048. The kernel reports only coordinates
+# that have changed, so two taps on one spot would give a newly started program no position.
 touch_screen() {
     local x y down bytes
     touches=$((1 - touches))
@@ -102,7 +102,7 @@ touch_screen() {
     done
 }
 
-# The last bytes of such a picture are those of the last pixel. A PNG takes longer.
+# A PPM file ends with its pixels, so the offset is counted from its end. A PNG takes longer.
 pixel() {
     monitor screendump "\"filename\": \"$run/screen.ppm\""
     tail -c $((3 * ((height - $2) * width - $1))) "$run/screen.ppm" |

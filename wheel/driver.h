@@ -8,25 +8,24 @@
 
 #include <random>
 
-// Returns the code of the learned key that a measurement is decoded as, 0 if there is none: of the
-// keys of the line whose interval has the value of their channel in it, the nearest. The
-// configuration is the content of direction.json.
+// Returns the code of the nearest learned key whose interval contains the reading, or 0 if there is
+// none. The configuration is the content of direction.json.
 int decode(int line, const QVector<int> &adc, const QByteArray &configuration);
 
 // Returns the content of a file, at most 1 MiB, or an empty array if it can't be read.
 QByteArray readFile(const QString &path);
 
-// Stands in for the key driver: writes the measurements of the pressed key into swc_keys, and
-// decodes them by direction.json while the flag is 0.
+// Stands in for the key driver: writes the readings of the pressed key to swc_keys, and decodes
+// them with direction.json while the flag is 0.
 class Driver
 {
 public:
-    static constexpr int period = 50; // between two measurements, in milliseconds
+    static constexpr int period = 50; // between two readings, in milliseconds
 
     // The root is the folder above media/flash/nvm.
     Driver(Wheel wheel, QString root);
 
-    // Writes the first measurement. The key is one of the wheel's.
+    // Writes the first reading. The key is one of the wheel's.
     void press(const WheelKey &key);
     // Writes another measurement if a key is pressed; to be called once a period.
     void measure();

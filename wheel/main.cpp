@@ -30,7 +30,7 @@ KEY may be all.)";
 
 using Option = QCommandLineOption;
 const Option rootOption("root", "Folder above media/flash/nvm (default: .).", "folder", ".");
-const Option wheelOption("wheel", "JSON file with another wheel.", "file", ":/wheel.json");
+const Option wheelOption("wheel", "JSON file with a different wheel.", "file", ":/wheel.json");
 const Option exactOption("exact", "Measure without noise.");
 const Option scriptOption("script", "Execute a file's lines, or standard input's for -.", "file");
 

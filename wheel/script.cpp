@@ -31,7 +31,7 @@ QString expectFlag(const QString &flag, int timeout, Driver *driver)
     return QString();
 }
 
-// With an output, tells what each key is decoded as, and expects it to be the key itself.
+// If there is an output, prints what each key is decoded as, and fails if it is not the key itself.
 QString pressKeys(const QString &name, int duration, Driver *driver, QTextStream *output)
 {
     bool isFound = false;
@@ -64,7 +64,8 @@ QString execute(const QString &line, Driver *driver, QTextStream *output)
     if (line.isEmpty() || line.startsWith('#'))
         return QString();
     if (!match.hasMatch())
-        return '"' + line + "\" is none of press KEY [TIME], decode KEY [TIME], flag TEXT [TIME]";
+        return '"' + line
+            + "\" is not one of press KEY [TIME], decode KEY [TIME], flag TEXT [TIME]";
     const QString command = match.captured(1);
     const QString word = match.captured(2);
     const QString time = match.captured(3);

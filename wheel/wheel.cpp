@@ -44,7 +44,7 @@ QString Wheel::functionName(int code) const
 QString parseWheel(const QByteArray &text, Wheel *wheel)
 {
     if (text.isEmpty())
-        return "there is nothing to read";
+        return "the file is empty or can't be read";
     QJsonParseError error{};
     const QJsonObject object = QJsonDocument::fromJson(text, &error).object();
     if (error.error != QJsonParseError::NoError)

@@ -4,13 +4,13 @@
 #include <QString>
 #include <QVector>
 
-constexpr int idleValue = 4094; // of a channel that a key leaves alone; the largest of a sample
+constexpr int idleValue = 4094; // of a channel that a key does not affect
 constexpr int releasedValue = 4095; // of all channels while no key is pressed
 
 struct WheelKey
 {
     QString name; // one word
-    QString label; // what stands on the key
+    QString label; // the text on the key
     int code = 0; // of the function, above 0
     int line = 0; // the key line, 2 or 3
     QVector<int> adc; // the three values without noise, 0 to idleValue

@@ -129,5 +129,5 @@ QString WheelWindow::endOfProgram() const
         text = "The program was killed";
     else if (program.exitCode() != 0)
         text += QString("\nwith exit code %1").arg(program.exitCode());
-    return text + "\nClick or Space starts it again";
+    return text + "\nClick here or press Space to start it";
 }

@@ -18,7 +18,7 @@ class WheelWindow : public QLabel
 
 public:
     // The command is the head unit's program, or empty. It is started in the root folder, with its
-    // output in log.txt there. The driver stays the caller's.
+    // output in log.txt there. The caller keeps the driver.
     WheelWindow(Driver *driver, QStringList command);
 
     ~WheelWindow() override; // ends the program
