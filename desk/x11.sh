@@ -16,8 +16,8 @@ install_program() {
     DESTDIR=$(realpath "$unit") cmake --install "$build" >/dev/null
 }
 
-# start_screen WIDTH HEIGHT SERVER...: sets DISPLAY, and $screen to the process of the server. Without
-# -noreset the server resets when the program ends, and may refuse the next one.
+# start_screen WIDTH HEIGHT SERVER...: sets DISPLAY, and $screen to the process of the server.
+# Without -noreset the server resets when the program ends, and may refuse the next one.
 start_screen() {
     lay_out "$1" "$2"
     rm -f "$unit/display"
