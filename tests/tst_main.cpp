@@ -38,17 +38,19 @@ class TestMain : public QObject
 private slots:
     void theLanguageSelectsTheCatalogue_data()
     {
-        QTest::addColumn<QByteArray>("index");
+        QTest::addColumn<QString>("index");
         QTest::addColumn<QString>("catalogue");
-        QTest::newRow("English") << QByteArray("0") << "en_gb";
-        QTest::newRow("Chinese") << QByteArray("1") << "zh_rCN";
+        QTest::newRow("English") << "0"
+                                 << "en_gb";
+        QTest::newRow("Chinese") << "1"
+                                 << "zh_rCN";
     }
     void theLanguageSelectsTheCatalogue()
     {
-        QFETCH(QByteArray, index);
+        QFETCH(QString, index);
         QFETCH(QString, catalogue);
         const HeadUnit unit;
-        write(settingsPath, "SystemLanguageId=" + index);
+        write(settingsPath, "SystemLanguageId=" + index.toLatin1());
         QDir().mkpath("application");
         QVERIFY(QFile::link(CATALOGUES_FOLDER, "application/languages"));
 
