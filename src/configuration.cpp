@@ -27,8 +27,7 @@ QVector<int> valuesOn(int channel, const QMap<int, QString> &learnedKeys, int ke
     return values;
 }
 
-// The result fits into an int: it is never greater than the lowest value, and a difference is
-// never negative.
+// The result fits into an int: it is the lowest value, or a difference between 0 and that value.
 int smallestSpacing(QVector<int> values)
 {
     std::sort(values.begin(), values.end());

@@ -35,6 +35,6 @@ QMap<int, int> selectChannel(const QMap<int, QString> &learnedKeys, int keyLine)
 int intervalFor(int spacing);
 
 // The file's bytes, given the selected channel of each line. Keys on any other line than 2 and 3
-// are left out. An interval of -1 means that there is none, and is left out too.
+// are left out. If an interval comes out as -1, it is left out too.
 QByteArray configurationText(const QMap<int, QString> &learnedKeys, const QMap<int, int> &line2,
                              const QMap<int, int> &line3);
