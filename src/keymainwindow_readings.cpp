@@ -65,9 +65,9 @@ bool KeyMainWindow::takeReading(const QString &path, Reading *reading)
     return false;
 }
 
-// Removing and adding the path discards signals for changes that have already been read, and finds a
-// file that was renamed over the old one. A text that is the same before and after is the current
-// one, and every later change brings a new signal.
+// Removing and adding the path discards signals for changes that have already been read, and finds
+// a file that was renamed over the old one. A text that is the same before and after is the
+// current one, and every later change brings a new signal.
 QString KeyMainWindow::readChange(const QString &path)
 {
     QString text = readText(path);

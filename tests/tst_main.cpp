@@ -11,7 +11,6 @@ static QtMessageHandler recordHandler;
 static QFont applicationFont;
 static QString translation;
 
-// Ends the program as soon as its event loop runs.
 static void endAfterStart(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     recordHandler(type, context, text);
