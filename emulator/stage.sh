@@ -98,7 +98,7 @@ touch_screen() {
             bytes+=($((255 - (bytes[0] + bytes[1] + bytes[2] + bytes[3] + bytes[4]) % 256)))
         fi
         printf '%b' "$(printf '\\x%02x' "${bytes[@]}")" >&"${to[panel]}"
-        sleep 0.1
+        [ $down = 0 ] || sleep 0.1
     done
 }
 
