@@ -1,10 +1,10 @@
-# Linguist's tools are programs of this machine, whatever Qt the build is for. CMAKE_PROGRAM_PATH
-# comes first, where an SDK brings its own.
+# Qt Linguist's tools run on this machine, even in a cross build. CMAKE_PROGRAM_PATH, which may hold
+# those of an SDK, is searched first.
 foreach(tool lrelease lupdate)
     find_program(SWC_${tool} ${tool} HINTS /usr/lib/qt5/bin REQUIRED)
 endforeach()
 
-# So are Qt's own tools in a cross build.
+# The other tools of Qt do, too.
 if(CMAKE_CROSSCOMPILING)
     foreach(tool qmake moc rcc uic)
         find_program(SWC_${tool} ${tool} HINTS /usr/lib/qt5/bin REQUIRED)

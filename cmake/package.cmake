@@ -34,7 +34,7 @@ if(CMAKE_CROSSCOMPILING)
     file(WRITE ${CPACK_PROJECT_CONFIG_FILE}
         "set(ENV{DPKG_ADMINDIR} [[${CMAKE_SYSROOT}/var/lib/dpkg]])
         set(ENV{DEB_HOST_ARCH} armhf)")
-    # The SDK of another system than Debian has no package database: it gives the archive alone.
+    # dpkg-shlibdeps needs Debian's package database. Without it, only the archive is built.
     if(NOT EXISTS ${CMAKE_SYSROOT}/var/lib/dpkg/status)
         set(CPACK_GENERATOR TGZ)
     endif()

@@ -7,13 +7,13 @@ report_to() {
     trap '[ $? = 0 ] || echo "Making $what failed: $(tail -n 1 "$log"); see $log" >&3' EXIT
 }
 
-# is_newer STAMP PLACE...: than every file there.
+# is_newer STAMP PLACE...: true if the stamp is newer than every file in these places.
 is_newer() {
     [ -e "$1" ] && [ -z "$(find "${@:2}" -newer "$1")" ]
 }
 
-# fetch FOLDER PACKAGE...: downloads them and their dependencies into the folder's archives. Of this
-# machine only the package sources, keys and settings are read.
+# fetch FOLDER PACKAGE...: downloads them and their dependencies into the folder's archives. It uses
+# this machine's package sources, keys and settings, but not its package database.
 fetch() {
     apt=$1
     mkdir -p "$apt"/{lists,archives}/partial

@@ -23,7 +23,7 @@ open_stage() {
     plug_in
 }
 
-# plug_in OPTION...: of the emulator.
+# plug_in OPTION...: starts the emulator with these options of its own.
 plug_in() {
     local line lines=()
     for line in monitor panel wheel shell; do
@@ -35,7 +35,7 @@ plug_in() {
     done
     to_wheel=${to[wheel]} from_wheel=${from[wheel]}
     : >"$run/console.txt"
-    # With more memory the kernel's PCI and the screen fail.
+    # With more memory, the kernel fails to set up PCI and the screen.
     qemu-system-arm -M virt,highmem=off -cpu cortex-a15 -m 256 -display none \
         -nodefaults -no-user-config -no-reboot -global virtio-mmio.force-legacy=false \
         -kernel "$images/vmlinuz" -initrd "$images/first.gz" \
@@ -50,7 +50,7 @@ plug_in() {
     monitor qmp_capabilities
 }
 
-# Nothing more reaches the flash.
+# Kills the emulator, so that nothing more is written to the flash.
 pull_the_plug() {
     local line
     [ -n "$machine" ] || return 0
@@ -62,7 +62,7 @@ pull_the_plug() {
     done
 }
 
-# monitor COMMAND [ARGUMENTS]: of the emulator, in JSON.
+# monitor COMMAND [ARGUMENTS]: sends a command to the emulator's monitor; arguments are in JSON.
 monitor() {
     ask "${to[monitor]}" "${from[monitor]}" '{"return": *' \
         "{\"execute\": \"$1\", \"arguments\": {${2-}}}" >>"$run/emulator.txt"
@@ -112,7 +112,7 @@ pixel() {
 screenshot() { monitor screendump "\"filename\": \"$1\", \"format\": \"png\""; }
 content() { inside "base64 /$nvm/$1" | base64 -d; }
 
-# inside COMMAND: its output and exit code, from the head unit's own shell.
+# inside COMMAND: runs it in the head unit's shell, with its output and exit code.
 inside() {
     ask "${to[shell]}" "${from[shell]}" 'done *' "$1; echo done \$?"
     return "${last#done }"

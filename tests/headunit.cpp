@@ -22,7 +22,7 @@ QSize screenSize;
 
 namespace {
 
-// In milliseconds, and far ahead of the real time: timed waits of other threads never expire.
+// In milliseconds. Far ahead of the real time, so that timed waits in other threads never end.
 qint64 now = 1000000000000;
 
 const bool withoutDisplay = qputenv("QT_QPA_PLATFORM", "offscreen");
