@@ -21,16 +21,16 @@ class TestLanguages : public QObject
 private slots:
     void theTextsFit_data()
     {
-        QTest::addColumn<QString>("catalogue");
-        for (const QString &name : QDir(CATALOGUES_FOLDER).entryList({ "*.qm" }))
+        QTest::addColumn<QString>("file");
+        for (const QString &name : QDir(TRANSLATIONS_FOLDER).entryList({ "*.qm" }))
             QTest::newRow(qPrintable(name)) << name;
     }
     void theTextsFit()
     {
-        QFETCH(QString, catalogue);
+        QFETCH(QString, file);
         QApplication::setFont(QFont("Droid Sans Fallback", 16));
         QTranslator translator;
-        QVERIFY(translator.load(catalogue, CATALOGUES_FOLDER));
+        QVERIFY(translator.load(file, TRANSLATIONS_FOLDER));
         QCoreApplication::installTranslator(&translator);
 
         const LearningWindow window;

@@ -35,29 +35,29 @@ class TestMain : public QObject
     Q_OBJECT
 
 private slots:
-    void theLanguageSelectsTheCatalogue_data()
+    void theLanguageSelectsTheTranslation_data()
     {
         QTest::addColumn<QString>("index");
-        QTest::addColumn<QString>("catalogue");
+        QTest::addColumn<QString>("file");
         QTest::newRow("English") << "0"
                                  << "en_gb";
         QTest::newRow("Chinese") << "1"
                                  << "zh_rCN";
     }
-    void theLanguageSelectsTheCatalogue()
+    void theLanguageSelectsTheTranslation()
     {
         QFETCH(QString, index);
-        QFETCH(QString, catalogue);
+        QFETCH(QString, file);
         const HeadUnit unit;
         write(settingsPath, "SystemLanguageId=" + index.toLatin1());
         QDir().mkpath("application");
-        QVERIFY(QFile::link(CATALOGUES_FOLDER, "application/languages"));
+        QVERIFY(QFile::link(TRANSLATIONS_FOLDER, "application/languages"));
 
         const QStringList log = logOfStart();
         QCOMPARE(log.value(0), "[virtual_print][getLanguageIdx]language idx:" + index);
         QCOMPARE(log.value(1), QString(" load true"));
         QCOMPARE(log.value(2),
-                 " path \"./application/languages/Velmora_" + catalogue + ".qm\"  install true");
+                 " path \"./application/languages/Velmora_" + file + ".qm\"  install true");
         const QStringList fonts = log.value(3).split("\", \"");
         QVERIFY(fonts.first().startsWith(" list (\""));
         QVERIFY(fonts.last().endsWith("\") size " + QString::number(fonts.size())));
@@ -68,12 +68,12 @@ private slots:
         QCOMPARE(translation == "FAILED.", index == "0");
     }
 
-    void aCatalogueMayBeMissingOrDamaged()
+    void aTranslationMayBeMissingOrDamaged()
     {
         const HeadUnit unit;
         QCOMPARE(logOfStart().value(0), QString(" no exist."));
         QDir().mkpath("application/languages");
-        write("application/languages/Velmora_en_gb.qm", "not a catalogue");
+        write("application/languages/Velmora_en_gb.qm", "not a translation");
         QCOMPARE(logOfStart().value(0), QString(" load false"));
     }
 };
