@@ -65,7 +65,7 @@ private slots:
         QCOMPARE(log.value(5), QString("~KeyMainWindow"));
         QCOMPARE(applicationFont.family(), QString("Droid Sans Fallback"));
         QCOMPARE(applicationFont.pointSize(), 16);
-        QCOMPARE(translation == "FAILED.", index == "0");
+        QVERIFY(index == "0" || translation != "FAILED.");
     }
 
     void aTranslationMayBeMissingOrDamaged()
