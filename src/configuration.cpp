@@ -27,7 +27,8 @@ QVector<int> valuesOn(int channel, const QMap<int, QString> &learnedKeys, int ke
     return values;
 }
 
-// The result fits into an int: it is the lowest value, or a difference between 0 and that value.
+// A difference of two ints may not fit into an int, so it is computed with 64 bits. The returned
+// spacing always fits, because it is at most the lowest value.
 int smallestSpacing(QVector<int> values)
 {
     std::sort(values.begin(), values.end());
@@ -37,7 +38,7 @@ int smallestSpacing(QVector<int> values)
     return static_cast<int>(spacing);
 }
 
-QJsonObject keyObject(int code, const QVector<int> &record, const QMap<int, int> &selection)
+QJsonObject keyObject(int code, const QVector<int> &record, const QMap<int, int> &selectedChannel)
 {
     QJsonObject key;
     key.insert(codeMember, code);
@@ -45,8 +46,8 @@ QJsonObject keyObject(int code, const QVector<int> &record, const QMap<int, int>
     for (int channel = 1; channel <= channelCount; ++channel)
         values.append(record.value(channel));
     key.insert(valuesMember, values);
-    key.insert("road", selection.firstKey());
-    const int interval = intervalFor(selection.first());
+    key.insert("road", selectedChannel.firstKey());
+    const int interval = intervalFor(selectedChannel.first());
     if (interval != -1)
         key.insert("interval", interval);
     return key;
@@ -77,16 +78,16 @@ QList<LoadedKey> keysOfGroup(const QJsonObject &configuration, const QString &gr
 
 QMap<int, int> selectChannel(const QMap<int, QString> &learnedKeys, int keyLine)
 {
-    QMap<int, int> selection;
+    QMap<int, int> selected;
     for (int channel = 1; channel <= channelCount; ++channel) {
         const QVector<int> values = valuesOn(channel, learnedKeys, keyLine);
         if (values.isEmpty())
             break;
         const int spacing = smallestSpacing(values);
-        if (selection.isEmpty() || spacing >= selection.first())
-            selection = { { channel, spacing } };
+        if (selected.isEmpty() || spacing >= selected.first())
+            selected = { { channel, spacing } };
     }
-    return selection;
+    return selected;
 }
 
 int intervalFor(int spacing)
@@ -94,17 +95,17 @@ int intervalFor(int spacing)
     return spacing >> 1;
 }
 
-QByteArray configurationText(const QMap<int, QString> &learnedKeys, const QMap<int, int> &line2,
-                             const QMap<int, int> &line3)
+QByteArray configurationText(const QMap<int, QString> &learnedKeys,
+                             const QMap<int, int> &line2Channel, const QMap<int, int> &line3Channel)
 {
     QJsonArray line2Keys;
     QJsonArray line3Keys;
     for (auto key = learnedKeys.begin(); key != learnedKeys.end(); ++key) {
         const QVector<int> record = fieldsOf(key.value());
         if (record.first() == keyLine2)
-            line2Keys.append(keyObject(key.key(), record, line2));
+            line2Keys.append(keyObject(key.key(), record, line2Channel));
         else if (record.first() == keyLine3)
-            line3Keys.append(keyObject(key.key(), record, line3));
+            line3Keys.append(keyObject(key.key(), record, line3Channel));
     }
     QJsonObject configuration;
     configuration.insert(line2Group, line2Keys);

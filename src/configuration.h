@@ -19,22 +19,26 @@ struct LoadedKey
     QString record; // "keyLine,adc,..." with as many values as the file has
 };
 
-// The file's top-level object; an empty one if the text is not a JSON object.
+// Returns the top-level object of the file. It is empty if the text is not a JSON object.
 QJsonObject parseConfiguration(const QString &text);
 
-// The keys of one group in file order, without those that have no whole, non-zero code.
+// Returns the keys of a group in the order of the file. A key whose code is missing, 0 or not a
+// whole number is left out.
 QList<LoadedKey> keysOfGroup(const QJsonObject &configuration, const QString &group);
 
 // Selects the converter channel (1 to 3) by which the driver tells the keys of one line apart.
-// Returns it with its spacing, or an empty map if no key is on the line. The spacing of a channel
-// is the smallest difference between neighbouring values, or the lowest value if that is smaller.
-// The channel with the largest spacing is selected; of several, the one with the highest number.
+// The result maps this channel to its spacing; it is empty if no key is on the line. The spacing of
+// a channel is the smallest difference between two neighbouring values, or the lowest value if that
+// is smaller. The channel with the largest spacing is selected. If several channels have it, the
+// one with the highest number is selected.
 QMap<int, int> selectChannel(const QMap<int, QString> &learnedKeys, int keyLine);
 
-// The tolerance around a learned value: half the spacing, rounded down.
+// How far a value may be from the learned one: half the spacing, rounded down.
 int intervalFor(int spacing);
 
-// The file's bytes, given the selected channel of each line. Keys on any other line than 2 and 3
-// are left out. If an interval comes out as -1, it is left out too.
-QByteArray configurationText(const QMap<int, QString> &learnedKeys, const QMap<int, int> &line2,
-                             const QMap<int, int> &line3);
+// Returns the content of the file. The channels are those that selectChannel() returned for key
+// lines 2 and 3. Keys on other lines are not written. If the interval is -1, the member `interval`
+// is left out. This can happen if a loaded file has negative values.
+QByteArray configurationText(const QMap<int, QString> &learnedKeys,
+                             const QMap<int, int> &line2Channel,
+                             const QMap<int, int> &line3Channel);

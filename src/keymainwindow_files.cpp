@@ -9,7 +9,7 @@
 #include <QDebug>
 #include <QFile>
 
-// The "0" is flushed. Otherwise a power failure could leave "1" in the file.
+// Without the flush, a power failure could leave "1" in the file after the program has ended.
 void KeyMainWindow::writeLearnFlag(bool on)
 {
     if (!QFile::exists(Platform::flag))
@@ -50,39 +50,39 @@ void KeyMainWindow::setDirectionRoad(QJsonObject configuration, QMap<int, QStrin
 
 QMap<int, int> KeyMainWindow::insertSwcKey1Flag()
 {
-    const QMap<int, int> selection = selectChannel(mapSwcKeys, keyLine2);
-    if (!selection.isEmpty())
+    const QMap<int, int> selected = selectChannel(mapSwcKeys, keyLine2);
+    if (!selected.isEmpty())
         qDebug("[swc_print][func:%s][line:%d][size:%d][key:%d][value:%d]", __func__, __LINE__,
-               selection.size(), selection.firstKey(), selection.first());
-    return selection;
+               selected.size(), selected.firstKey(), selected.first());
+    return selected;
 }
 
 QMap<int, int> KeyMainWindow::insertSwcKey2Flag()
 {
-    const QMap<int, int> selection = selectChannel(mapSwcKeys, keyLine3);
-    if (!selection.isEmpty())
-        qDebug("[swc_print][%s %d][size:%d][key:%d][value:%d]", __func__, __LINE__,
-               selection.size(), selection.firstKey(), selection.first());
-    return selection;
+    const QMap<int, int> selected = selectChannel(mapSwcKeys, keyLine3);
+    if (!selected.isEmpty())
+        qDebug("[swc_print][%s %d][size:%d][key:%d][value:%d]", __func__, __LINE__, selected.size(),
+               selected.firstKey(), selected.first());
+    return selected;
 }
 
 // The file is rewritten in place, because the driver may have it open. The text is serialised
 // before the file is truncated, and flushed before the program ends.
 void KeyMainWindow::saveSwcKeys()
 {
-    const QMap<int, int> line2 = insertSwcKey1Flag();
-    if (!line2.isEmpty())
-        qDebug("[swc_print][%s %d][key:%d][value:%d]", __func__, __LINE__, line2.firstKey(),
-               intervalFor(line2.first()));
-    const QMap<int, int> line3 = insertSwcKey2Flag();
-    if (!line3.isEmpty())
-        qDebug("[swc_print][%s %d][key:%d][value:%d]", __func__, __LINE__, line3.firstKey(),
-               intervalFor(line3.first()));
+    const QMap<int, int> line2Channel = insertSwcKey1Flag();
+    if (!line2Channel.isEmpty())
+        qDebug("[swc_print][%s %d][key:%d][value:%d]", __func__, __LINE__, line2Channel.firstKey(),
+               intervalFor(line2Channel.first()));
+    const QMap<int, int> line3Channel = insertSwcKey2Flag();
+    if (!line3Channel.isEmpty())
+        qDebug("[swc_print][%s %d][key:%d][value:%d]", __func__, __LINE__, line3Channel.firstKey(),
+               intervalFor(line3Channel.first()));
 
     QByteArray text;
     if (!mapSwcKeys.isEmpty()) {
         qDebug("[swc_print][func:%s]", __func__);
-        text = configurationText(mapSwcKeys, line2, line3);
+        text = configurationText(mapSwcKeys, line2Channel, line3Channel);
     }
     writeFile(Platform::configuration, text);
     flushToMedium(Platform::configuration);
