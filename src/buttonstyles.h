@@ -1,7 +1,7 @@
 #pragma once
 
-// The colour of a button shows the state of its key. The two greens differ in their selectors, and
-// both are part of the interface.
+// The colour of a button shows the state of its key. There are two style sheets for green. The
+// exact text of both is part of the interface.
 namespace ButtonStyles {
 
 constexpr char unlearned[] = "QPushButton{background-color:rgb(80,80,80);border-radius:6px;"

@@ -30,7 +30,6 @@ constexpr char instructionsStyle[] =
     "background-color:rgb(0, 0, 0);font-size:20px;color:white;font:normal";
 constexpr char separatorStyle[] = "background-color:gray;";
 
-// Only these two screens have button sizes of their own.
 QSize buttonSizeFor(const QSize &screen)
 {
     if (screen != QSize(800, 480) && screen != QSize(1024, 600))
@@ -46,7 +45,7 @@ KeyMainWindow::KeyMainWindow(QWidget *parent) : QWidget(parent)
     const QRect available = availableScreen();
     setGeometry(available);
     std::printf("x:%d, y:%d\n", available.width(), available.height());
-    std::fflush(stdout); // if it is a pipe, its reader waits for the line
+    std::fflush(stdout); // otherwise a pipe would get the line only at the end
 
     setWindowFlags(Qt::WindowStaysOnTopHint);
     QPalette black = palette();
@@ -173,7 +172,6 @@ QHBoxLayout *KeyMainWindow::createControls(const QSize &buttonSize)
     return controls;
 }
 
-// A reading file that is created later is not watched.
 void KeyMainWindow::watchReadings()
 {
     fileWatcher = new QFileSystemWatcher(this);

@@ -16,8 +16,8 @@ class QHBoxLayout;
 class QLabel;
 class QPushButton;
 
-// The learning window. A tapped key waits as long as its code is in clickAndValidKeys. Readings go
-// to the button that was tapped last.
+// The learning window. A tapped key waits for its readings as long as its code is in
+// clickAndValidKeys. A reading belongs to the button that was tapped last.
 class KeyMainWindow : public QWidget
 {
     Q_OBJECT
@@ -26,28 +26,26 @@ public:
     explicit KeyMainWindow(QWidget *parent);
     ~KeyMainWindow() override;
 
-    // The flag for the driver. A missing file is not created.
+    // Tell the driver what the program is doing. If the flag file is missing, it is not created.
     void writeLearnFlag(bool on);
     void writeClearFlag();
 
-    // The samples of the key being learned, and the learned keys.
-    void insertSampleKeys(int &index, QString &sample); // unless an equal one is stored
-    bool isChuanKey(QString &sample); // true if it is too close to any learned key
-    int insertSwcKeys(); // 0, or -1 if there are no samples
+    void insertSampleKeys(int &index, QString &sample); // ignores a sample that is already stored
+    bool isChuanKey(QString &sample); // returns true if the sample is like a learned key
+    int insertSwcKeys(); // learns a key from the samples; returns -1 if there are none, else 0
     bool isKeyLearned(int code);
-    void initSampleKeys();
-    void initSwcKeys();
+    void initSampleKeys(); // forgets the samples
+    void initSwcKeys(); // forgets the learned keys
 
-    // The key configuration file and its backup. setDirectionRoad() adds the keys of one group.
-    int loadSwcKeys(); // number of keys, or -1 if the file is missing
+    int loadSwcKeys(); // returns the number of keys, or -1 if there is no configuration file
     void setDirectionRoad(QJsonObject configuration, QMap<int, QString> &learnedKeys,
-                          QString group);
-    QMap<int, int> insertSwcKey1Flag(); // channel and spacing of key line 2
-    QMap<int, int> insertSwcKey2Flag(); // channel and spacing of key line 3
+                          QString group); // adds the keys of a group to the learned keys
+    QMap<int, int> insertSwcKey1Flag(); // returns the channel of key line 2, see selectChannel()
+    QMap<int, int> insertSwcKey2Flag(); // returns the channel of key line 3
     void saveSwcKeys();
-    void backupDirection(); // does nothing if a backup exists
+    void backupDirection(); // does nothing if there is a backup
 
-    // Ends a selection that still waits.
+    // Handles a time-out: if the key still waits, its button turns gray and one wait ends.
     void recorrectBtnStatus(int code);
 
 public slots:
@@ -56,7 +54,7 @@ public slots:
 private slots:
     void onTouchKeysClicked();
 
-    // A timer passes no argument to its slot, so each key has a time-out slot of its own.
+    // Timers pass no argument, so each key has its own time-out slot.
     void recorrectHomeBtnStatus() { recorrectBtnStatus(314); }
     void recorrectBackBtnStatus() { recorrectBtnStatus(250); }
     void recorrectPowerBtnStatus() { recorrectBtnStatus(148); }
@@ -104,9 +102,9 @@ private:
     void handleRelease();
     void rejectReading();
     void dropSamplesOfOtherKeys();
-    void dropSamples(); // without a log line
+    void dropSamples(); // like initSampleKeys(), without the log line
 
-    bool removePending(int code);
+    bool endOneWait(int code); // returns false if the key does not wait
 
     QMap<QPushButton *, int> mapButtonKeys;
     QPushButton *btnSave = nullptr;

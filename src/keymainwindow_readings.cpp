@@ -11,7 +11,7 @@
 #include <QFileSystemWatcher>
 #include <QPushButton>
 
-constexpr int maxChanges = 5; // while one reading is taken
+constexpr int maxRepeats = 5; // readChange() reads the file again at most this many times
 
 void KeyMainWindow::onFileChange(QString path)
 {
@@ -38,7 +38,7 @@ void KeyMainWindow::onFileChange(QString path)
         break;
     case ReadingClass::Release:
         handleRelease();
-        if (removePending(validKey))
+        if (endOneWait(validKey))
             qDebug("[swc_print][%s %d] remove:%d", __func__, __LINE__, validKey);
         break;
     case ReadingClass::Invalid:
@@ -65,13 +65,14 @@ bool KeyMainWindow::takeReading(const QString &path, Reading *reading)
     return false;
 }
 
-// Removing and adding the path discards signals for changes that have already been read, and finds
-// a file that was renamed over the old one. A text that is the same before and after is the
-// current one, and every later change brings a new signal.
+// Reads the text, renews the watch and reads the text again, until the text no longer changes.
+// Renewing the watch discards the signals of changes that have already been read. It also makes the
+// watcher watch a new file that was renamed over the old one. A change after the renewal sends a
+// new signal.
 QString KeyMainWindow::readChange(const QString &path)
 {
     QString text = readText(path);
-    for (int i = 0; i < maxChanges && fileWatcher && sender() == fileWatcher; ++i) {
+    for (int i = 0; i < maxRepeats && fileWatcher && sender() == fileWatcher; ++i) {
         fileWatcher->removePath(path);
         fileWatcher->addPath(path);
         const QString again = readText(path);
@@ -115,7 +116,7 @@ void KeyMainWindow::rejectReading()
     qDebug("[swc_print][line:%d][Velmora %d is fail!] GRAY...", __LINE__, validKey);
 }
 
-// Two keys can wait at once, but a record is made from the samples of one.
+// Several keys can wait at once, but a record must be made from the samples of one key.
 void KeyMainWindow::dropSamplesOfOtherKeys()
 {
     if (!mapSampleKeys.isEmpty() && keyCodeOf(mapSampleKeys.first()) != validKey)

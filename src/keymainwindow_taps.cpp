@@ -74,8 +74,7 @@ void KeyMainWindow::selectKey(int code)
         showNotice(AndroidToast::Red, tr("LEARNED."));
         return;
     }
-    // Samples of an earlier selection must not count. A second tap on a key that still waits keeps
-    // its samples.
+    // Samples from before this tap must not count, unless the key still waits from an earlier tap.
     if (!clickAndValidKeys.contains(code))
         dropSamples();
     curButton->setStyleSheet(ButtonStyles::selected);
@@ -88,8 +87,8 @@ void KeyMainWindow::askToClear()
 {
     CustomMsgBox question(this, "Delete data?");
     const int answer = answerTo(&question);
-    // If a tap on save was queued before this one, the event loop is ending and exec() returns
-    // without an answer. The question is then still open.
+    // If the user tapped the save button just before the clear button, the program is already
+    // ending. exec() then returns without an answer, and the question is still visible.
     const bool answered = !question.isVisible();
     if (answered && answer == QDialog::Accepted) {
         clearKeys();
@@ -103,8 +102,8 @@ void KeyMainWindow::askToClear()
     question.close();
 }
 
-// A slow head unit queues taps. A tap on save that was queued after Yes would be handled before
-// exec() returns, and would save the keys that are about to be deleted.
+// A slow head unit queues taps. A tap on the save button that follows a tap on Yes would be handled
+// before exec() returns, and would save the keys that are about to be deleted.
 int KeyMainWindow::answerTo(CustomMsgBox *question)
 {
     const QSignalBlocker noSave(btnSave);
@@ -136,11 +135,11 @@ void KeyMainWindow::recorrectBtnStatus(int code)
         showNotice(AndroidToast::Red, tr("NO LEARNING."));
         button->setStyleSheet(ButtonStyles::unlearned);
     }
-    removePending(code);
+    endOneWait(code);
     qDebug("[swc_print][%s %d] remove:%d", __func__, __LINE__, code);
 }
 
-bool KeyMainWindow::removePending(int code)
+bool KeyMainWindow::endOneWait(int code)
 {
     const int index = clickAndValidKeys.indexOf(code);
     if (index < 0)
