@@ -19,10 +19,9 @@ constexpr char labelStyle[] = "font-size:24px;color:white;font:normal";
 constexpr char buttonStyle[] = "QPushButton{background-color:rgb(80,80,80);color:white;"
                                "border-radius:2px;border:none;outline:none}";
 
-// Returns a share of a length, truncated to whole pixels.
-int part(int whole, double share)
+int scaled(int length, double factor)
 {
-    return static_cast<int>(whole * share);
+    return static_cast<int>(length * factor);
 }
 
 } // namespace
@@ -35,8 +34,8 @@ CustomMsgBox::CustomMsgBox(QWidget *, QString text) : QDialog(nullptr)
     resize(dialogWidth, dialogHeight);
     setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
     setStyleSheet(dialogStyle);
-    setGeometry(part(available.width() - dialogWidth, 0.5),
-                part(available.height() - dialogHeight, 0.5), dialogWidth, dialogHeight);
+    setGeometry(scaled(available.width() - dialogWidth, 0.5),
+                scaled(available.height() - dialogHeight, 0.5), dialogWidth, dialogHeight);
 
     msgLabel = new QLabel(this);
     btnYes = new QPushButton("Yes", this);
@@ -49,20 +48,20 @@ CustomMsgBox::CustomMsgBox(QWidget *, QString text) : QDialog(nullptr)
 
 void CustomMsgBox::placeChildren()
 {
-    const int textHeight = part(height(), 0.7);
-    const int buttonsHeight = part(height(), 0.3);
-    const int halfWidth = part(width(), 0.5);
+    const int textHeight = scaled(height(), 0.7);
+    const int buttonsHeight = scaled(height(), 0.3);
+    const int halfWidth = scaled(width(), 0.5);
 
-    const QSize label(part(width(), 0.9), part(textHeight, 0.9));
+    const QSize label(scaled(width(), 0.9), scaled(textHeight, 0.9));
     msgLabel->setStyleSheet(labelStyle);
     msgLabel->setAlignment(Qt::AlignCenter);
-    msgLabel->setGeometry(part(width() - label.width(), 0.5),
-                          part(textHeight - label.height(), 0.5), label.width(), label.height());
+    msgLabel->setGeometry(scaled(width() - label.width(), 0.5),
+                          scaled(textHeight - label.height(), 0.5), label.width(), label.height());
 
     double x = halfWidth * 0.1;
     for (QPushButton *button : { btnYes, btnNo }) {
-        button->setGeometry(static_cast<int>(x), textHeight + part(buttonsHeight, 0.1),
-                            part(halfWidth, 0.8), part(buttonsHeight, 0.8));
+        button->setGeometry(static_cast<int>(x), textHeight + scaled(buttonsHeight, 0.1),
+                            scaled(halfWidth, 0.8), scaled(buttonsHeight, 0.8));
         button->setStyleSheet(buttonStyle);
         x += width() * 0.5;
     }

@@ -8,7 +8,7 @@ class QPaintEvent;
 class QPropertyAnimation;
 
 // A short notice at the bottom of the screen that fades in, stays, fades out and deletes itself.
-// Notices are never queued: callers drop theirs while isShowToast is true.
+// Notices are not queued: while isShowToast is true, a caller must not show another one.
 class AndroidToast : public QWidget
 {
     Q_OBJECT
@@ -18,8 +18,8 @@ public:
 
     explicit AndroidToast(QWidget *parent);
 
-    // Shows `text` in the colour of the level, or in black if the level is unknown. Returns at
-    // once; the notice owns itself.
+    // Shows `text` in the colour of the level, or in black if the level is unknown. Returns
+    // immediately; the notice owns itself.
     static void showTip(int level, const QString &text, QWidget *parent);
 
     void setText(int level, const QString &text);

@@ -14,5 +14,5 @@ struct Catalogue
 };
 
 // Reads rows of "name code icon" from an open device. A line that starts with "#" is a comment. A
-// row of fewer than three fields is skipped, and a code that is not a number counts as 0.
+// row with fewer than three fields is skipped. A code that is not a decimal number becomes 0.
 Catalogue readCatalogue(QIODevice &file);

@@ -21,13 +21,13 @@ namespace {
 
 constexpr int chineseIndex = 1; // every other system language means English
 
-// If standard input, output or error is closed, the next file gets its descriptor, and the log
-// would be written into the connection to the display.
+// If the program is started without standard input, output or error, the next file that it opens
+// gets that descriptor. This may be the connection to the display, which the log would then damage.
 void openStandardFiles()
 {
     for (int file : { STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO }) {
         if (fcntl(file, F_GETFD) == -1)
-            open("/dev/null", O_RDWR); // gets the lowest free descriptor
+            open("/dev/null", O_RDWR); // open() takes the lowest free descriptor
     }
 }
 
@@ -38,7 +38,7 @@ void installTranslation(QApplication *application, const QString &path)
         qDebug() << "[swc_print] no exist.";
         return;
     }
-    // A null string would mean Qt's default suffix and delimiters.
+    // An empty string. A null string would select Qt's default suffix and delimiters.
     const QString none("");
     auto *translator = new QTranslator(application);
     const bool loaded = translator->load(path, none, none, none);
@@ -52,7 +52,7 @@ void installTranslation(QApplication *application, const QString &path)
 int main(int argc, char **argv)
 {
     openStandardFiles();
-    std::signal(SIGPIPE, SIG_IGN); // the reader of the log may end first
+    std::signal(SIGPIPE, SIG_IGN); // if the reader of the log has ended, continue without it
 
     QApplication application(argc, argv);
     Util util;

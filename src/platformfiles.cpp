@@ -29,8 +29,8 @@ bool holdsCopy(const QString &from, const QString &to)
 
 } // namespace
 
-// If a text is rewritten while it is being read, the result can be half the old text and half the
-// new. Reading again then gives something else.
+// A text that is rewritten while it is being read can come out half old and half new. The file is
+// therefore read until two results in a row are equal.
 QByteArray readFile(const QString &path)
 {
     QFile file(path);
@@ -60,7 +60,7 @@ void writeFile(const QString &path, const QByteArray &content)
         file.write(content);
 }
 
-// Uses open() because QFile can't open a directory.
+// Uses open(), because QFile can't open the directory, which must be flushed too.
 void flushToMedium(const QString &path)
 {
     for (const QString &place : { path, QFileInfo(path).path() }) {

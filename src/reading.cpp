@@ -13,7 +13,8 @@ ReadingFault parseReading(const QString &text, Reading *reading)
         return ReadingFault::NoColon;
 
     const QStringList parts = text.split(':');
-    const QString payload = parts.at(1).left(parts.at(0).toInt()); // all of it if negative
+    const int count = parts.at(0).toInt();
+    const QString payload = parts.at(1).left(count); // the whole string if the count is negative
     const QVector<int> fields = fieldsOf(payload);
     if (fields.size() < 1 + channelCount)
         return ReadingFault::TooFewFields;

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int maxDistance = 60; // of any value, if two readings are of one key
+constexpr int maxDistance = 60; // a larger difference of one value means two different keys
 constexpr int learnedRecordFields = 1 + channelCount;
 
 int roundedMean(int sum, int count)

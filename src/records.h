@@ -4,22 +4,22 @@
 #include <QString>
 #include <QVector>
 
-// Comma-separated records. A sample record is "code,keyLine,adc,adc,adc[,more]", a learned record
-// "keyLine,adc,adc,adc". A learned record from the configuration file may have fewer fields or
-// more.
+// A record is a string of comma-separated numbers. A sample record is
+// "code,keyLine,adc,adc,adc[,more]". A learned record is "keyLine,adc,adc,adc"; one that was loaded
+// from the configuration file may have fewer or more values.
 
-// The fields as integers; one that is not a decimal int gives 0.
+// Returns the fields as integers. A field that is not a decimal int becomes 0.
 QVector<int> fieldsOf(const QString &record);
 
 QString sampleRecord(int code, const QString &payload);
 
-// Returns true if both are on one key line and no converter value differs by more than 60. A record
-// that lacks a field collides with nothing.
+// Returns true if both records have the same key line and no converter value differs by more than
+// 60. Returns false if a value is missing.
 bool collides(const QString &sample, const QString &learned);
 
-// The key code under which a sample was collected.
 int keyCodeOf(const QString &sample);
 
-// The key line of the first sample and the means of all, rounded half up. `samples` must not be
-// empty, and its converter values must lie in 0..4094.
+// Returns the learned record of a key: the key line of the first sample, and for each channel the
+// mean of all samples, rounded half up. There must be at least one sample, and all converter values
+// must be in 0..4094.
 QString learnedRecordFrom(const QMap<int, QString> &samples);

@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QDesktopWidget>
 
-// Qt deprecated the call after 5.3. Its successor may choose another screen if there are two.
+// Later versions of Qt deprecate QDesktopWidget. Its replacement may return another screen.
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
 
 QRect availableScreen()

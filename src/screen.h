@@ -2,5 +2,5 @@
 
 #include <QRect>
 
-// The area of the default screen that no taskbar takes, in pixels.
+// Returns the area of the default screen without taskbars, in pixels.
 QRect availableScreen();

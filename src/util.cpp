@@ -18,7 +18,6 @@ int Util::getLanguageIdx()
         const QString line = QString::fromUtf8(file.readLine().simplified());
         if (!line.startsWith("SystemLanguageId"))
             continue;
-        // A line without "=" gives 0.
         const int index = line.section('=', 1, 1).toInt();
         qDebug("[virtual_print][%s]language idx:%d", __func__, index);
         return index;

@@ -3,7 +3,7 @@
 class Util
 {
 public:
-    // Returns the system language index of the settings file; 1 is Chinese. Returns 0 if the
-    // setting is missing or is not a number.
+    // Returns the number of the system language in the settings file; 1 is Chinese. Returns 0 if
+    // there is none or it is not a number.
     int getLanguageIdx();
 };
