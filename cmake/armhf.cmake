@@ -1,7 +1,7 @@
 # 32-bit ARM Linux with hardware floating point.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR arm)
-set(CMAKE_LIBRARY_ARCHITECTURE arm-linux-gnueabihf) # a blank in a path hides it from CMake
+set(CMAKE_LIBRARY_ARCHITECTURE arm-linux-gnueabihf) # CMake finds it only in paths without blanks
 
 set(SWC_SYSROOT ${CMAKE_CURRENT_LIST_DIR}/../build/sysroot CACHE PATH
     "Root of the unit's SDK, with Qt; by default the one that make-sysroot makes")

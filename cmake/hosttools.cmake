@@ -4,7 +4,7 @@ foreach(tool lrelease lupdate)
     find_program(SWC_${tool} ${tool} HINTS /usr/lib/qt5/bin REQUIRED)
 endforeach()
 
-# The other tools of Qt do, too.
+# Qt's other tools run on this machine, too.
 if(CMAKE_CROSSCOMPILING)
     foreach(tool qmake moc rcc uic)
         find_program(SWC_${tool} ${tool} HINTS /usr/lib/qt5/bin REQUIRED)

@@ -15,7 +15,7 @@ require_packages() {
     done
     [ ${#missing[@]} -gt 0 ] || return 0
     [ "$(id -u)" = 0 ] || as_root=(sudo)
-    "${as_root[@]}" apt-get update -q || true # an old index may still do
+    "${as_root[@]}" apt-get update -q || true # an outdated index may be good enough
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive "${install[@]}" "${missing[@]}" || {
         echo "Packages are missing. Let root run this, then try again:" >&2
         echo "  ${install[*]} ${missing[*]}" >&2
@@ -23,8 +23,8 @@ require_packages() {
     }
 }
 
-# one_at_a_time ARGUMENT...: runs the command again under a lock, because two at once would build in
-# the same folders.
+# one_at_a_time ARGUMENT...: restarts the calling script under a lock, because two scripts at once
+# would build in the same folders.
 one_at_a_time() {
     [ -z "${SWC_ONLY_ONE-}" ] || return 0
     mkdir -p build

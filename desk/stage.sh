@@ -1,12 +1,12 @@
-# Sourced, with $project as the project's folder: what the stages of the story share. A stage is a
-# place where the program is used as a person uses it. Each has a file of its own with
+# Sourced, with the project's folder in $project: what the stages of the story share. A stage is
+# what the program runs on: an X server, or the emulated head unit. Each has a file that defines
 #
-#   open_stage WIDTH HEIGHT   starts the screen and the wheel, with the head unit's files in the
-#                             language $language; sets the descriptors $to_wheel and $from_wheel
-#   start_program             returns when its window shows
+#   open_stage WIDTH HEIGHT   starts the screen and the wheel and creates the platform's files, for
+#                             the language $language; sets the descriptors $to_wheel and $from_wheel
+#   start_program             starts the program and waits for its window
 #   program_ended             waits for the end of the program, and returns its exit code
-#   touch_screen X Y          taps there
-#   pixel X Y                 prints the colour as RRGGBB
+#   touch_screen X Y          taps on the screen
+#   pixel X Y                 prints the colour of a pixel as RRGGBB
 #   screenshot FILE           writes a PNG
 #   content NAME              prints a file that the program shares with the driver
 
@@ -15,7 +15,8 @@ language=${language-0} # 1 is Chinese
 at_exit_commands=()
 declare -A colours=([gray]=505050 [blue]=0000FF [green]=008000)
 
-# at_exit COMMAND: runs it when the shell ends, the last one first, even if others fail.
+# at_exit COMMAND: runs the command when the shell ends, even if other such commands fail. The last
+# command runs first.
 at_exit() {
     at_exit_commands=("($1) 2>/dev/null || true" "${at_exit_commands[@]}")
     trap 'for command in "${at_exit_commands[@]}"; do eval "$command"; done' EXIT
@@ -33,7 +34,7 @@ await() {
     done
 }
 
-# make_platform_files ROOT: what the platform provides. Learned keys are kept.
+# make_platform_files ROOT: creates the files that the platform provides. Keeps the learned keys.
 make_platform_files() {
     mkdir -p "$1/$nvm/Corvane"
     : >"$1/$nvm/swc_keys"
@@ -41,7 +42,7 @@ make_platform_files() {
     printf 'SystemLanguageId=%s\n' "$language" >"$1/$nvm/Corvane/UserData.ini"
 }
 
-# Sets where the buttons are on a screen of that size.
+# lay_out WIDTH HEIGHT: sets the positions of the buttons on a screen of this size.
 lay_out() {
     width=$1 height=$2
     case $2 in
@@ -55,7 +56,7 @@ key_names() {
     tr -d '\r' <"$project/img/btListInfo.txt" | awk '!/^#/ { print $1 }'
 }
 
-# locate BUTTON: sets x and y to its centre. A row has eight keys; the question is in the middle.
+# locate BUTTON: sets x and y to its centre.
 locate() {
     local index
     case $1 in
@@ -93,8 +94,8 @@ answer() {
     tap "$1"
 }
 
-# ask TO FROM LAST REQUEST: writes the request to one descriptor and prints what comes from the
-# other, except the last line, which matches the pattern LAST and is left in $last.
+# ask TO FROM LAST REQUEST: writes the request to the descriptor TO, and prints the lines that come
+# from the descriptor FROM until one matches the pattern LAST. Sets $last to this line.
 ask() {
     echo "$4" >&"$1"
     while read -r -t 30 last <&"$2"; do
@@ -105,10 +106,10 @@ ask() {
     fail "No answer to: $4"
 }
 
-# wheel LINE: of a script of velmora-wheel.
+# wheel LINE: executes a line of a script of velmora-wheel.
 wheel() { ask "$to_wheel" "$from_wheel" ok "$*"; }
 
-# On a busy machine the selection may time out before the key is released; only then it is repeated.
+# Tries again only if the machine was so busy that the selection may have timed out.
 teach() {
     local start released
     for _ in 1 2 3; do

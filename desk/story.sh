@@ -1,6 +1,6 @@
-# Sourced after a stage: what a person does with the program from the first tap on.
+# Sourced after a stage: the story, which uses the program as a person would.
 
-# tell_story FOLDER: leaves pictures there, and what was saved. The README shows 3-learning.
+# tell_story FOLDER: saves pictures and the saved configuration there. The README shows 3-learning.
 tell_story() {
     pictures=$1
     mkdir -p "$pictures"

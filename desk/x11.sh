@@ -1,5 +1,5 @@
 # Sourced: the stage on an X server. The program of the build folder $build runs in the folder
-# $unit, by the command "${runner[@]}" if there is one. $wheel_program is velmora-wheel.
+# $unit. The array runner can hold a command that runs it. $wheel_program is velmora-wheel.
 
 . "$project/desk/stage.sh"
 runner=()

@@ -1,5 +1,5 @@
-# Sourced: the stage on an emulated head unit, with kernel, frame buffer, touch panel, and power
-# that can be cut. Its files are in the folder $run.
+# Sourced: the stage on an emulated head unit with kernel, frame buffer, touch panel, and power that
+# can be cut. Its files are in the folder $run.
 
 . "$project/desk/stage.sh"
 PATH+=:/usr/sbin:/sbin # the file system's tools, which a user's PATH leaves out
@@ -84,8 +84,8 @@ program_ended() {
 
 has_ended() { grep -qF '[program] end' "$run/console.txt"; }
 
-# Sends the bytes of the panel, on which the screen is 2048 x 2048. The kernel reports only changed
-# coordinates, so two taps on one spot would give a newly started program no position.
+# Sends the bytes of the panel, whose coordinates go from 0 to 2047. Every second tap is shifted by
+# one: the kernel reports only changed coordinates, and a program that has just started needs both.
 touch_screen() {
     local x y down bytes
     touches=$((1 - touches))

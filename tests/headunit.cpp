@@ -22,11 +22,11 @@ QSize screenSize;
 
 namespace {
 
-// In milliseconds. Far ahead of the real time, so that timed waits in other threads never end.
+// In milliseconds. Far ahead of real time, so that waits in other threads never time out.
 qint64 now = 1000000000000;
 
 const bool withoutDisplay = qputenv("QT_QPA_PLATFORM", "offscreen");
-// Qt Test's own time limit reads this clock too; CTest has one for every test.
+// Qt Test's time limit would use this clock. CTest has a limit of its own.
 const bool withoutTimeLimit = qputenv("QTEST_FUNCTION_TIMEOUT", "2000000000");
 
 QStringList logLines;
@@ -56,7 +56,7 @@ extern "C" int clock_gettime(clockid_t clock, timespec *time) noexcept
     return 0;
 }
 
-// These two take the place of Qt's functions: its platform without a display has one size only.
+// These two replace Qt's functions, because its offscreen platform has only one screen size.
 const QRect QDesktopWidget::availableGeometry(int) const
 {
     return { QPoint(), screenSize };
@@ -110,7 +110,7 @@ QList<QLabel *> shownNotices()
     return notices;
 }
 
-// Qt may move a timer by 5 percent, but not one that starts at a full second.
+// Qt shifts timers by up to 5 percent, but not those that start at a full second.
 HeadUnit::HeadUnit(const QByteArray &configuration)
     : folder((QDir("/dev/shm").exists() ? "/dev/shm" : QDir::tempPath()) + "/velmora-XXXXXX"),
       previousHandler(qInstallMessageHandler(recordLog))

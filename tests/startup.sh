@@ -13,21 +13,21 @@ cd "$unit"
 export QT_QPA_PLATFORM=offscreen QT_HASH_SEED=0
 
 # Fails if one of the program's threads runs within 5 seconds.
-rests() {
+is_idle() {
     local before
     before=$(cat /proc/$program/task/*/schedstat)
     sleep 5
     [ "$(cat /proc/$program/task/*/schedstat)" = "$before" ]
 }
 
-# count PROGRAM: sets $instructions to what it takes until it rests, which is after its first frame.
+# count PROGRAM: sets $instructions to how many it executes until it is idle.
 count() {
     valgrind --tool=callgrind --callgrind-out-file=/dev/null "$1" >/dev/null 2>log &
     program=$!
     for ((tries = 1; ; tries++)); do
         sleep 1
-        ! rests || break
-        [ $tries -lt 10 ] || { echo "$1 wakes up at rest" >&2 && exit 1; }
+        ! is_idle || break
+        [ $tries -lt 10 ] || { echo "$1 does not become idle" >&2 && exit 1; }
     done
     kill $program
     wait $program || true

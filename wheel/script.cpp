@@ -13,7 +13,7 @@ namespace {
 
 constexpr int longestLine = 1000;
 
-// Measures a pressed key in the meantime.
+// In the meantime, writes readings of the pressed key.
 void wait(int duration, Driver *driver)
 {
     QElapsedTimer elapsed;
